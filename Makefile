@@ -1,0 +1,53 @@
+# The two commands: make run, make test. Everything they need is installed and built on the way.
+BUILD := build
+SAMPLE := samples/pazienti.rec
+OUR_SOURCES = $(shell git ls-files --cached --others --exclude-standard '*.h' '*.cpp')
+
+.PHONY: setup build run test sanitize bench format lint check-format clean
+
+setup:
+	@sh packaging/install-packages.sh
+
+build: setup
+	@mkdir -p $(BUILD)
+	@cmake --preset release -Wno-dev > $(BUILD)/configure.log 2>&1 || { cat $(BUILD)/configure.log; exit 1; }
+	cmake --build --preset release
+
+# Without a display: the same off screen, a picture instead of the window.
+run: build
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
+	    $(BUILD)/bin/quorvin $(SAMPLE); \
+	else \
+	    $(BUILD)/bin/quorvin-cli info $(SAMPLE) && \
+	    $(BUILD)/bin/quorvin-cli mostra $(SAMPLE) 7 && \
+	    QT_QPA_PLATFORM=offscreen $(BUILD)/bin/quorvin --rekord 7 --immagine $(BUILD)/quorvin.png $(SAMPLE) && \
+	    echo "No display: a picture of the window is in $(BUILD)/quorvin.png"; \
+	fi
+
+test: build
+	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j 2
+
+sanitize: setup
+	cmake --preset sanitize -Wno-dev
+	cmake --build --preset sanitize
+	QT_QPA_PLATFORM=offscreen LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 \
+	    ctest --test-dir $(BUILD)/sanitize --output-on-failure -j 2
+
+bench: setup
+	cmake --preset bench -Wno-dev
+	cmake --build --preset bench
+	sh bench/run.sh $(BUILD)/bench
+
+format: setup
+	clang-format -i $(OUR_SOURCES)
+
+check-format: setup
+	clang-format --dry-run -Werror $(OUR_SOURCES)
+
+# Needs the compile commands and the generated headers of a build.
+lint: build
+	@echo $(filter %.cpp,$(OUR_SOURCES)) | tr ' ' '\n' | grep -v '^bench/' | \
+	    xargs -P 2 -n 4 clang-tidy -p $(BUILD) --quiet
+
+clean:
+	rm -rf $(BUILD)

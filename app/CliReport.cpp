@@ -1,0 +1,144 @@
+#include "app/CliReport.h"
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string_view>
+
+#include "base/Ansi.h"
+#include "base/CommandLine.h"
+#include "base/Text.h"
+
+namespace quorvin {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string utf8(std::string_view ansi)
+{
+    return toUtf8(trim(ansi));
+}
+
+/// A value on one line: tabs and line ends print as blanks.
+std::string onOneLine(std::string_view value)
+{
+    std::string line(rTrim(value));
+    for (char& c : line) {
+        if (c == '\t' || c == '\r' || c == '\n') c = ' ';
+    }
+    return toUtf8(line);
+}
+
+/// `text` in UTF-8, blank-padded to `width` characters.
+std::string padded(std::string text, std::size_t width)
+{
+    std::size_t characters = 0;
+    for (const char c : text) {
+        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) ++characters;
+    }
+    if (characters < width) text.append(width - characters, ' ');
+    return text;
+}
+
+Json whole(std::string_view item)
+{
+    return static_cast<int>(val(item));
+}
+
+std::string dump(const Json& json)
+{
+    // Values may hold bytes that no text should; they are printed, not refused.
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Json fieldAsJson(const FieldTable& fields, int n)
+{
+    const auto i = static_cast<std::size_t>(n);
+    return Json{
+        {"numero", n},
+        {"nome", utf8(fields.fieldName[i])},
+        {"tipo", whole(fields.fieldType[i])},
+        {"lunghezza", fields.length(n)},
+        {"posizione", fields.fieldOffset[i] + 1},
+        {"domanda", utf8(fields.questionText[i])},
+        {"domandaX", whole(fields.questionX[i])},
+        {"domandaY", whole(fields.questionY[i])},
+        {"campoX", whole(fields.fieldX[i])},
+        {"campoY", whole(fields.fieldY[i])},
+    };
+}
+
+}  // namespace
+
+std::string infoAsText(const RecFile& file)
+{
+    const FieldTable& fields = file.fields();
+    std::ostringstream out;
+    out << "file                 " << utf8FromPath(file.dataFileName()) << '\n'
+        << "campi                " << file.fieldCount() << '\n'
+        << "rekord               " << file.recordCount() << '\n'
+        << "lunghezza rekord     " << file.recordLength() << " caratteri, " << file.linesPerRecord()
+        << " righe, " << file.recordBytes() << " byte\n"
+        << "inizio dati          byte " << file.dataStart() << '\n'
+        << '\n'
+        << "  n.  nome        tipo  lungh.  posiz.  domanda\n";
+    for (int n = 1; n <= file.fieldCount(); ++n) {
+        const auto i = static_cast<std::size_t>(n);
+        const auto column = [&](std::string text, std::size_t width) {
+            out << std::string(text.size() < width ? width - text.size() : 0, ' ') << text;
+        };
+        column(std::to_string(n), 4);
+        out << "  " << padded(utf8(fields.fieldName[i]), 10);
+        column(bareStr(val(fields.fieldType[i])), 6);
+        column(std::to_string(fields.length(n)), 8);
+        column(std::to_string(fields.fieldOffset[i] + 1), 8);
+        out << "  " << onOneLine(trim(fields.questionText[i])) << '\n';
+    }
+    return out.str();
+}
+
+std::string infoAsJson(const RecFile& file)
+{
+    Json fields = Json::array();
+    for (int n = 1; n <= file.fieldCount(); ++n)
+        fields.push_back(fieldAsJson(file.fields(), n));
+    return dump(Json{
+        {"file", utf8FromPath(file.dataFileName())},
+        {"campi", file.fieldCount()},
+        {"rekord", file.recordCount()},
+        {"coloreSchermo", static_cast<std::int64_t>(file.screenColour())},
+        {"lunghezzaRekord", file.recordLength()},
+        {"righePerRekord", file.linesPerRecord()},
+        {"bytePerRekord", file.recordBytes()},
+        {"inizioDati", file.dataStart()},
+        {"definizioni", fields},
+    });
+}
+
+std::string recordAsText(const RecFile& file, RecordNumber number)
+{
+    const FieldTable& fields = file.fields();
+    std::ostringstream out;
+    out << "rekord " << number << (file.isDeleted() ? "  (cancellato)" : "") << '\n';
+    for (int n = 1; n <= file.fieldCount(); ++n) {
+        if (fields.length(n) == 0) continue;
+        const auto i = static_cast<std::size_t>(n);
+        out << padded(utf8(fields.fieldName[i]), 12) << onOneLine(file.fieldValue(n)) << '\n';
+    }
+    return out.str();
+}
+
+std::string recordAsJson(const RecFile& file, RecordNumber number)
+{
+    const FieldTable& fields = file.fields();
+    Json values = Json::object();
+    for (int n = 1; n <= file.fieldCount(); ++n) {
+        if (fields.length(n) == 0) continue;
+        std::string name = utf8(fields.fieldName[static_cast<std::size_t>(n)]);
+        if (name.empty() || values.contains(name)) name = "#" + std::to_string(n);
+        values[name] = toUtf8(rTrim(file.fieldValue(n)));
+    }
+    return dump(Json{{"rekord", number}, {"cancellato", file.isDeleted()}, {"campi", values}});
+}
+
+}  // namespace quorvin

@@ -1,0 +1,114 @@
+#include "app/MenuTree.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSet>
+
+#include "app/MenuTable.h"
+#include "app/ModeTable.h"
+
+namespace quorvin {
+
+namespace {
+
+QString text(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QString withAccessKey(const QString& caption, QChar key)
+{
+    const qsizetype place = key.isNull() ? -1 : caption.indexOf(key, 0, Qt::CaseInsensitive);
+    return place < 0 ? caption : QString(caption).insert(place, QLatin1Char('&'));
+}
+
+}  // namespace
+
+MenuTree::MenuTree(QMenuBar& bar)
+{
+    for (const MenuRow& row : menuTable())
+        add(row, bar);
+    reset();
+    refresh();
+}
+
+void MenuTree::add(const MenuRow& row, QMenuBar& bar)
+{
+    const QString name = text(row.name);
+    QMenu* parent = menus_.value(text(row.parent));
+    QAction* action = nullptr;
+    if (row.kind == MenuKind::menu) {
+        QMenu* menu = parent ? parent->addMenu(QString()) : bar.addMenu(QString());
+        menu->setObjectName(name);
+        menus_.insert(name, menu);
+        action = menu->menuAction();
+    } else {
+        action = parent ? parent->addAction(QString()) : bar.addAction(QString());
+        action->setObjectName(name);
+        action->setSeparator(row.kind == MenuKind::separator);
+        action->setCheckable(row.tick != Tick::none);
+        action->setShortcut(QKeySequence::fromString(text(row.shortcut), QKeySequence::PortableText));
+        // On some systems items named like these are moved to another menu.
+        action->setMenuRole(QAction::NoRole);
+    }
+    items_.insert(name, action);
+    accessKeys_.insert(name, QLatin1Char(row.accessKey));
+}
+
+QAction& MenuTree::item(const QString& name) const
+{
+    QAction* action = items_.value(name);
+    Q_ASSERT_X(action, "MenuTree::item", qPrintable(name));
+    return *action;
+}
+
+bool MenuTree::isTicked(const QString& name) const
+{
+    return item(name).isChecked();
+}
+
+void MenuTree::setTicked(const QString& name, bool ticked)
+{
+    item(name).setChecked(ticked);
+}
+
+void MenuTree::setCaption(const QString& name, const QString& caption)
+{
+    item(name).setText(withAccessKey(caption, accessKeys_.value(name)));
+}
+
+void MenuTree::reset()
+{
+    for (const MenuRow& row : menuTable()) {
+        if (row.kind == MenuKind::separator) continue;
+        const QString name = text(row.name);
+        setCaption(name, text(row.caption));
+        if (row.tick == Tick::on || row.tick == Tick::off) setTicked(name, row.tick == Tick::on);
+    }
+}
+
+void MenuTree::setFileOpen(bool open)
+{
+    fileOpen_ = open;
+    refresh();
+}
+
+void MenuTree::refresh()
+{
+    QSet<QString> disabled;
+    for (const ModeRow& mode : modeTable()) {
+        if (!isTicked(text(mode.name))) continue;
+        for (const std::string_view name : mode.disables)
+            disabled.insert(text(name));
+    }
+    for (const MenuRow& row : menuTable()) {
+        const QString name = text(row.name);
+        const bool available = row.availability == Availability::always ||
+                               (row.availability == Availability::withFile && fileOpen_);
+        item(name).setEnabled(available && !disabled.contains(name));
+    }
+}
+
+}  // namespace quorvin

@@ -1,0 +1,156 @@
+/// The command-line program: the core without a window.
+/// Exit status: 0 something printed, 1 nothing found, 2 error.
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+#include <iostream>
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/CliReport.h"
+#include "app/Messages.h"
+#include "base/CommandLine.h"
+#include "base/RuntimeError.h"
+#include "rec/RecFile.h"
+
+namespace {
+
+using namespace quorvin;
+
+constexpr int kFound = 0;
+constexpr int kError = 2;
+
+/// An error with the words that the window would put before its description.
+struct CliError {
+    std::string text;
+};
+
+/// Opens, reads and measures; the two stages have different prefixes.
+void openRec(RecFile& file, const std::string& name)
+{
+    const char* prefix = messages::kError;
+    try {
+        file.open(pathFromUtf8(name));
+        prefix = messages::kFileError;
+        file.readDefinitions();
+        file.measure();
+    } catch (const RuntimeError& error) {
+        throw CliError{prefix + std::string(error.description())};
+    }
+}
+
+struct Arguments {
+    std::string file;
+    RecordNumber record = 0;
+    bool json = false;
+};
+
+int runInfo(const Arguments& arguments)
+{
+    RecFile file;
+    openRec(file, arguments.file);
+    std::cout << (arguments.json ? infoAsJson(file) : infoAsText(file));
+    return kFound;
+}
+
+int runShow(const Arguments& arguments)
+{
+    RecFile file;
+    openRec(file, arguments.file);
+    if (arguments.record < 1 || arguments.record > file.recordCount()) {
+        throw CliError{"Errore!! rekord " + std::to_string(arguments.record) +
+                       " inesistente, il file ne ha " + std::to_string(file.recordCount())};
+    }
+    file.seek(arguments.record);
+    file.caricastring();
+    std::cout << (arguments.json ? recordAsJson(file, arguments.record)
+                                 : recordAsText(file, arguments.record));
+    return kFound;
+}
+
+void useItalianLabels(CLI::App& app)
+{
+    const auto formatter = std::make_shared<CLI::Formatter>();
+    for (const auto& [english, italian] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"Usage", "Uso"},
+             {"Positionals", "Argomenti"},
+             {"OPTIONS", "OPZIONI"},
+             {"SUBCOMMAND", "COMANDO"},
+         })
+        formatter->label(english, italian);
+    app.formatter(formatter);
+    app.option_defaults()->group("Opzioni");
+    app.set_help_flag("-h,--help", "mostra questo aiuto")->group("Opzioni");
+}
+
+/// The parser's own words are English; these say the same.
+std::string inItalian(const CLI::ParseError& error)
+{
+    static const std::vector<std::pair<std::string, std::string>> kKinds = {
+        {"RequiredError", "manca un argomento"},  {"ArgumentMismatch", "manca il valore di un'opzione"},
+        {"ExtrasError", "argomento inatteso"},    {"ConversionError", "valore non valido"},
+        {"ValidationError", "valore non valido"},
+    };
+    for (const auto& [kind, italian] : kKinds) {
+        if (error.get_name() == kind) return italian;
+    }
+    return "argomenti non validi";
+}
+
+CLI::App* addCommand(CLI::App& app, const char* name, const char* description, Arguments& arguments)
+{
+    CLI::App* command = app.add_subcommand(name, description)->group("Comandi");
+    command->get_help_ptr()->group("Opzioni");
+    command->add_option("FILE", arguments.file, "file .rec")->required()->option_text(" ");
+    command->add_flag("--json", arguments.json, "scrive in formato JSON");
+    return command;
+}
+
+int run(int argc, char** argv)
+{
+    CLI::App app("Quorvin dalla riga di comando: legge i file .rec di EpiData.", "quorvin-cli");
+    useItalianLabels(app);
+    app.set_version_flag("--version", std::string("quorvin-cli " QUORVIN_VERSION), "mostra la versione")
+        ->group("Opzioni");
+    app.require_subcommand(1);
+    Arguments arguments;
+    const CLI::App* info = addCommand(app, "info", "descrive il file e i suoi campi", arguments);
+    CLI::App* show = addCommand(app, "mostra", "mostra un rekord", arguments);
+    show->add_option("N", arguments.record, "numero del rekord, dal primo (1)")->required()->option_text(" ");
+
+    std::vector<std::string> words = utf8Arguments(argc, argv);
+    std::reverse(words.begin(), words.end());
+    try {
+        app.parse(words);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return app.exit(error);
+        std::cerr << "quorvin-cli: " << inItalian(error) << "; vedi quorvin-cli --help\n";
+        return kError;
+    }
+    return info->parsed() ? runInfo(arguments) : runShow(arguments);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        const int status = run(argc, argv);
+        std::cout.flush();
+        if (std::cout) return status;
+        std::cerr << RuntimeError(ErrorNumber::deviceError).description() << '\n';
+    } catch (const CliError& error) {
+        std::cerr << error.text << '\n';
+    } catch (const RuntimeError& error) {
+        std::cerr << messages::kError << error.description() << '\n';
+    } catch (const std::bad_alloc&) {
+        std::cerr << messages::kError << RuntimeError(ErrorNumber::outOfMemory).description() << '\n';
+    } catch (const std::exception& error) {
+        std::cerr << messages::kError << error.what() << '\n';
+    }
+    return kError;
+}

@@ -1,0 +1,143 @@
+#include "base/Ansi.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace quorvin {
+
+namespace {
+
+/// Codes 80 to 9F; the rest of the page equals Latin-1.
+constexpr std::array<char32_t, 32> kUpperControls = {
+    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178,
+};
+constexpr unsigned kFirstSpecial = 0x80;
+constexpr unsigned kLastSpecial = 0x9F;
+
+constexpr unsigned char capitalOf(unsigned c)
+{
+    if (c >= 'a' && c <= 'z') return static_cast<unsigned char>(c - 0x20);
+    if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return static_cast<unsigned char>(c - 0x20);
+    switch (c) {
+    case 0x9A:  // š
+    case 0x9C:  // œ
+    case 0x9E:  // ž
+        return static_cast<unsigned char>(c - 0x10);
+    case 0xFF:  // ÿ
+        return 0x9F;
+    default:
+        return static_cast<unsigned char>(c);
+    }
+}
+
+constexpr auto kCapitals = [] {
+    std::array<unsigned char, 256> table{};
+    for (unsigned c = 0; c < table.size(); ++c)
+        table[c] = capitalOf(c);
+    return table;
+}();
+
+void appendUtf8(std::string& out, char32_t c)
+{
+    if (c < 0x80) {
+        out.push_back(static_cast<char>(c));
+    } else if (c < 0x800) {
+        out.push_back(static_cast<char>(0xC0 | (c >> 6)));
+        out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
+    } else {
+        out.push_back(static_cast<char>(0xE0 | (c >> 12)));
+        out.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
+    }
+}
+
+constexpr char32_t kDamaged = 0xFFFD;
+
+struct Decoded {
+    char32_t character;
+    std::size_t bytes;  ///< at least 1
+};
+
+std::size_t sequenceLength(unsigned char lead)
+{
+    if (lead < 0x80) return 1;
+    if (lead >= 0xC2 && lead < 0xE0) return 2;
+    if (lead >= 0xE0 && lead < 0xF0) return 3;
+    if (lead >= 0xF0 && lead < 0xF5) return 4;
+    return 0;
+}
+
+/// The character that `utf8`, not empty, begins with; a damaged sequence counts its intact beginning as one.
+Decoded decodeFirst(std::string_view utf8)
+{
+    const auto lead = static_cast<unsigned char>(utf8[0]);
+    const std::size_t length = sequenceLength(lead);
+    if (length == 0) return {kDamaged, 1};
+    if (length == 1) return {lead, 1};
+    auto character = static_cast<char32_t>(lead & (0x7FU >> length));
+    for (std::size_t i = 1; i < length; ++i) {
+        if (i >= utf8.size()) return {kDamaged, i};
+        const auto next = static_cast<unsigned char>(utf8[i]);
+        if ((next & 0xC0U) != 0x80U) return {kDamaged, i};
+        character = (character << 6) | (next & 0x3FU);
+    }
+    return {character, length};
+}
+
+}  // namespace
+
+char toUpper(char c)
+{
+    return static_cast<char>(kCapitals[static_cast<unsigned char>(c)]);
+}
+
+std::string upper(std::string_view text)
+{
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), toUpper);
+    return result;
+}
+
+char32_t toUnicode(char c)
+{
+    const auto code = static_cast<unsigned char>(c);
+    if (code < kFirstSpecial || code > kLastSpecial) return code;
+    return kUpperControls[code - kFirstSpecial];
+}
+
+char fromUnicode(char32_t character)
+{
+    if (character < kFirstSpecial || (character > kLastSpecial && character <= 0xFF)) {
+        return static_cast<char>(character);
+    }
+    const auto found = std::find(kUpperControls.begin(), kUpperControls.end(), character);
+    if (found == kUpperControls.end()) return '?';
+    return static_cast<char>(kFirstSpecial + static_cast<unsigned>(found - kUpperControls.begin()));
+}
+
+std::string toUtf8(std::string_view ansi)
+{
+    std::string out;
+    out.reserve(ansi.size());
+    for (const char c : ansi)
+        appendUtf8(out, toUnicode(c));
+    return out;
+}
+
+std::string fromUtf8(std::string_view utf8)
+{
+    std::string out;
+    out.reserve(utf8.size());
+    while (!utf8.empty()) {
+        const Decoded decoded = decodeFirst(utf8);
+        out.push_back(fromUnicode(decoded.character));
+        utf8.remove_prefix(decoded.bytes);
+    }
+    return out;
+}
+
+}  // namespace quorvin

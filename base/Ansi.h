@@ -1,0 +1,28 @@
+/// Windows-1252, the code page of all text in the core. Conversion happens only where text enters or leaves
+/// it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorvin {
+
+/// Capital of one character of the code page; characters without a capital in it (ß, ª, º, µ, ƒ) stay as they
+/// are.
+char toUpper(char c);
+std::string upper(std::string_view text);
+
+/// Windows-1252 to UTF-8. The five codes that the page leaves open become the control characters of the same
+/// number.
+std::string toUtf8(std::string_view ansi);
+
+/// UTF-8 to Windows-1252; a character outside the code page, or a damaged sequence, becomes "?".
+std::string fromUtf8(std::string_view utf8);
+
+/// One Unicode character to its code in the page, "?" when it has none.
+char fromUnicode(char32_t character);
+
+/// One code of the page to its Unicode character.
+char32_t toUnicode(char c);
+
+}  // namespace quorvin

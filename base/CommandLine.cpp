@@ -1,0 +1,45 @@
+#include "base/CommandLine.h"
+
+#ifdef _WIN32
+#include <windows.h>
+// shellapi.h needs windows.h before it.
+#include <shellapi.h>
+#endif
+
+namespace quorvin {
+
+#ifdef _WIN32
+
+std::vector<std::string> utf8Arguments(int, char**)
+{
+    std::vector<std::string> arguments;
+    int count = 0;
+    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+    for (int i = 1; words && i < count; ++i)
+        arguments.push_back(utf8FromPath(std::filesystem::path(words[i])));
+    LocalFree(words);
+    return arguments;
+}
+
+#else
+
+std::vector<std::string> utf8Arguments(int argc, char** argv)
+{
+    if (argc < 1) return {};
+    return std::vector<std::string>(argv + 1, argv + argc);
+}
+
+#endif
+
+std::filesystem::path pathFromUtf8(const std::string& utf8)
+{
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string utf8FromPath(const std::filesystem::path& name)
+{
+    const std::u8string text = name.u8string();
+    return std::string(text.begin(), text.end());
+}
+
+}  // namespace quorvin

@@ -1,0 +1,21 @@
+/// The words of the command line, the same on every system.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace quorvin {
+
+/// The program's arguments in UTF-8, without the program's own name.
+/// Windows hands `argv` over in a code page that cannot hold every file name; there they are taken from the
+/// system.
+std::vector<std::string> utf8Arguments(int argc, char** argv);
+
+/// A file name given in UTF-8.
+std::filesystem::path pathFromUtf8(const std::string& utf8);
+
+/// A file name in UTF-8, for showing and for messages.
+std::string utf8FromPath(const std::filesystem::path& name);
+
+}  // namespace quorvin

@@ -1,0 +1,46 @@
+/// Reads a text file line by line through one block of memory, from any position.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/InputFile.h"
+
+namespace quorvin {
+
+/// Lines end at LF; one CR before it is dropped. Byte 26 (Ctrl-Z) ends the text where it stands.
+/// Positions are 1-based byte positions in the file.
+class LineReader {
+public:
+    /// `file` must outlive the reader; it may be closed and opened again between reads, with a seek after it.
+    explicit LineReader(const InputFile& file) : file_(file) {}
+
+    /// Sets the position of the next read; what was buffered is read anew, since others may have written it
+    /// meanwhile.
+    void seek(std::int64_t position);
+
+    /// Where the next read begins.
+    std::int64_t position() const { return blockStart_ + static_cast<std::int64_t>(next_); }
+
+    /// The next line without its line end. The last line of the file needs none.
+    /// Raises RuntimeError 62 at the end of the file or of the text, 7 for a line longer than kMaxLineLength.
+    std::string readLine();
+
+    /// Bytes of the line end that the last line had: 2, 1, or 0 when the file ended.
+    int lineEndBytes() const { return lineEndBytes_; }
+
+    /// Whether nothing follows the position.
+    bool atEnd();
+
+private:
+    bool fill();
+
+    const InputFile& file_;
+    std::vector<char> block_;
+    std::int64_t blockStart_ = 1;
+    std::size_t next_ = 0;
+    int lineEndBytes_ = 0;
+};
+
+}  // namespace quorvin

@@ -1,0 +1,142 @@
+#include "rec/RecFile.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+#include "base/Ansi.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kExtensionLength = 4;
+
+/// Whether a unit of a native path only continues the character before it (UTF-8).
+template<class Unit>
+bool continuesCharacter(Unit unit)
+{
+    return sizeof(Unit) == 1 && (static_cast<unsigned>(unit) & 0xC0U) == 0x80U;
+}
+
+}  // namespace
+
+std::filesystem::path stemOf(const std::filesystem::path& name)
+{
+    auto text = name.native();
+    const std::size_t folder = text.size() - name.filename().native().size();
+    for (int cut = 0; cut < kExtensionLength && text.size() > folder; ++cut) {
+        while (text.size() > folder + 1 && continuesCharacter(text.back()))
+            text.pop_back();
+        text.pop_back();
+    }
+    return text;
+}
+
+void RecFile::reset()
+{
+    file_.close();
+    reader_.seek(1);
+    dataFileName_.clear();
+    RecFileStem_.clear();
+    fields_ = FieldTable();
+    announcedFields_ = 0;
+    screenColour_ = 0;
+    lineEndBytes_ = 2;
+    linesPerRecord_ = 0;
+    dataStart_ = 0;
+    recordBytes_ = 0;
+    recordCount_ = 0;
+    rangeEnd_ = 0;
+    recordText_.clear();
+    lastMark_ = 0;
+}
+
+void RecFile::open(const std::filesystem::path& name)
+{
+    reset();
+    dataFileName_ = name;
+    RecFileStem_ = stemOf(name);
+    file_.open(name);
+
+    const std::string line = reader_.readLine();
+    if (reader_.lineEndBytes() == 1) lineEndBytes_ = 1;
+
+    // The header's first item ends at a comma; what follows it is then the first definition line.
+    const std::size_t comma = line.find(',');
+    const std::string_view item = lTrim(std::string_view(line).substr(0, comma));
+    if (comma != std::string::npos) reader_.seek(static_cast<std::int64_t>(comma) + 2);
+
+    const std::size_t blank = item.find(' ');
+    if (blank == std::string_view::npos) throw RuntimeError(ErrorNumber::invalidCall);
+    screenColour_ = val(item.substr(blank).substr(0, kHeaderColourWidth));
+    announcedFields_ = val(item.substr(0, blank));
+}
+
+void RecFile::readDefinitions()
+{
+    std::vector<std::string> lines;
+    try {
+        // One line more than there may be fields is enough to raise the error of too many.
+        for (int i = 1; i <= announcedFields_ && i <= kMaxFields + 1; ++i)
+            lines.push_back(reader_.readLine());
+    } catch (const RuntimeError&) {
+        fields_.addFields(lines);
+        throw;
+    }
+    fields_.addFields(lines);
+}
+
+void RecFile::measure()
+{
+    dataStart_ = reader_.position();
+    const int width = static_cast<int>(kLineWidth);
+    linesPerRecord_ = (recordLength() + width - 1) / width;
+    if (linesPerRecord_ == 0 || reader_.atEnd()) throw RuntimeError(ErrorNumber::divisionByZero);
+
+    std::int64_t bytes = 0;
+    for (int line = 0; line < linesPerRecord_; ++line)
+        bytes += static_cast<std::int64_t>(reader_.readLine().size()) + lineEndBytes_;
+    recordBytes_ = bytes;
+    count();
+}
+
+void RecFile::count()
+{
+    recordCount_ = std::max<RecordNumber>(0, (file_.size() - dataStart_ + 1) / recordBytes_);
+    rangeEnd_ = recordCount_;
+}
+
+void RecFile::recount()
+{
+    if (recordBytes_ == 0) throw RuntimeError(ErrorNumber::divisionByZero);
+    file_.open(dataFileName_);
+    count();
+}
+
+void RecFile::seek(RecordNumber n)
+{
+    if (recordBytes_ == 0) throw RuntimeError(ErrorNumber::divisionByZero);
+    const RecordNumber most = (std::numeric_limits<std::int64_t>::max() - dataStart_) / recordBytes_;
+    if (n < 1 || n > most) throw RuntimeError(ErrorNumber::invalidCall);
+    reader_.seek(dataStart_ + (n - 1) * recordBytes_);
+}
+
+void RecFile::caricastring()
+{
+    std::string text;
+    char mark = 0;
+    for (int j = 0; j < linesPerRecord_; ++j) {
+        const std::string line = reader_.readLine();
+        const std::string_view data = std::string_view(line).substr(0, kLineWidth);
+        text += impostMaiusc ? upper(data) : std::string(data);
+        mark = line.empty() ? '\0' : line.back();
+    }
+    recordText_ = std::move(text);
+    lastMark_ = mark;
+}
+
+}  // namespace quorvin

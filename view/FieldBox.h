@@ -1,0 +1,29 @@
+/// One field's value box, which is also the box for its search text.
+#pragma once
+
+#include <QLineEdit>
+
+namespace quorvin {
+
+/// A flat box with a thin border that fits into one text line. Emits clicked() for a left click within the
+/// box, and for Ctrl+Space, the same from the keyboard.
+class FieldBox : public QLineEdit {
+    Q_OBJECT
+
+public:
+    explicit FieldBox(QWidget* parent);
+
+    /// Shows a value whole, also one longer than what may be typed, from its first character on.
+    void showValue(const QString& value);
+
+signals:
+    void clicked();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace quorvin

@@ -1,0 +1,95 @@
+/// The navigation row: steps through the records, goes to a typed number, shows number and count.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "rec/RecFormat.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTimer;
+
+namespace quorvin {
+
+class RecFile;
+class RecordView;
+
+/// Owns Command1 (next), Command2 (previous), Command3 (signal of deleted records; clears), Command5 (list
+/// size), Text1, Label14, Label9 and the two repeat timers. Recounts the file before every move. What fails
+/// ends the move without a box; a failed read leaves the boxes empty rather than with another record's
+/// values.
+class Navigator : public QWidget {
+    Q_OBJECT
+
+public:
+    Navigator(RecFile& recFile, RecordView& recordView, QWidget* parent);
+
+    /// Record on show, 1-based; 0 before the first one.
+    RecordNumber currentRecord() const { return currentRecord_; }
+
+    /// Puts a number on the clipboard and shows it and its record. Raises what reading raises.
+    void showRecord(RecordNumber n);
+    /// Reads the record at the reading position and fills the boxes. Raises what reading raises; the boxes
+    /// are then empty.
+    void caricarekord();
+    void showCount();
+
+    /// State without a file.
+    void reset();
+    /// State after opening a file: nothing on show, keys and buttons enabled.
+    void start();
+
+    /// Next and previous record. At the end, or the beginning, the record on show stays.
+    void Command1_Click();
+    void Command2_Click();
+    void focusNumber();
+    /// Puts a number into Text1, as typing does.
+    void typeNumber(const QString& number);
+    /// A row of further controls, placed before Command5.
+    void insertTools(QWidget* tools);
+
+signals:
+    void epiDataRequested();
+    void clearRequested();
+    void expandRequested();
+    /// A move that ended silently, with the reason.
+    void moveFailed(const QString& reason);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// A step button with its timer; `ticked`: the timer has stepped since the button went down.
+    struct Repeat {
+        QPushButton* button;
+        QTimer* timer;
+        bool ticked = false;
+    };
+
+    Repeat makeStepButton(int number, const QString& caption, void (Navigator::*click)());
+    QPushButton* makeButton(const QString& name, const QString& caption, const QString& purpose);
+    void makeNumberControls();
+    void layOut();
+    /// Runs one move; an error ends it.
+    void attempt(const std::function<void()>& move);
+    void recount();
+    void Command_MouseDown(Repeat& repeat, Qt::MouseButton mouseButton);
+    void Command_MouseUp(Repeat& repeat, Qt::MouseButton mouseButton);
+    void Text1_Change();
+    void Text1_KeyPress();
+
+    RecFile& recFile_;
+    RecordView& recordView_;
+    RecordNumber currentRecord_ = 0;
+    Repeat next_;
+    Repeat previous_;
+    QPushButton* Command3;
+    QPushButton* Command5;
+    QLineEdit* Text1;
+    QLabel* Label14;
+    QLabel* Label9;
+};
+
+}  // namespace quorvin
