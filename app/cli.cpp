@@ -90,15 +90,19 @@ void useItalianLabels(CLI::App& app)
 /// The parser's own words are English; these say the same.
 std::string inItalian(const CLI::ParseError& error)
 {
-    static const std::vector<std::pair<std::string, std::string>> kKinds = {
-        {"RequiredError", "manca un argomento"},  {"ArgumentMismatch", "manca il valore di un'opzione"},
-        {"ExtrasError", "argomento inatteso"},    {"ConversionError", "valore non valido"},
-        {"ValidationError", "valore non valido"},
-    };
-    for (const auto& [kind, italian] : kKinds) {
-        if (error.get_name() == kind) return italian;
+    switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
+    case CLI::ExitCodes::RequiredError:
+        return "manca un argomento";
+    case CLI::ExitCodes::ArgumentMismatch:
+        return "manca il valore di un'opzione";
+    case CLI::ExitCodes::ExtrasError:
+        return "argomento inatteso";
+    case CLI::ExitCodes::ConversionError:
+    case CLI::ExitCodes::ValidationError:
+        return "valore non valido";
+    default:
+        return "argomenti non validi";
     }
-    return "argomenti non validi";
 }
 
 CLI::App* addCommand(CLI::App& app, const char* name, const char* description, Arguments& arguments)

@@ -1,0 +1,230 @@
+#include "app/Formstart.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QSlider>
+#include <QTest>
+#include <QUrl>
+
+#include "app/FormCanvas.h"
+#include "app/MenuTable.h"
+#include "tests/support/WindowTest.h"
+
+namespace quorvin {
+namespace {
+
+class FormstartTest : public test::WindowTest {
+protected:
+    /// Names of the menu items and menus that are enabled.
+    QStringList enabledItems()
+    {
+        QStringList names;
+        for (const MenuRow& row : menuTable()) {
+            if (row.kind == MenuKind::separator) continue;
+            const std::string name(row.name);
+            const QAction* action =
+                row.kind == MenuKind::menu ? control<QMenu>(name.c_str()).menuAction() : &item(name.c_str());
+            if (action->isEnabled()) names.append(QString::fromStdString(name));
+        }
+        return names;
+    }
+
+    void drop(QWidget& target, QMimeData& media, QPointF point)
+    {
+        QDragEnterEvent enter(point.toPoint(), Qt::CopyAction | Qt::MoveAction, &media, Qt::LeftButton,
+                              Qt::NoModifier);
+        QApplication::sendEvent(&target, &enter);
+        ASSERT_TRUE(enter.isAccepted());
+        QDropEvent event(point, Qt::CopyAction | Qt::MoveAction, &media, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&target, &event);
+    }
+};
+
+TEST_F(FormstartTest, WithoutAFileOnlyOpeningHelpAndLeavingAreOfUse)
+{
+    const QStringList expected = {QStringLiteral("indice"),  QStringLiteral("aprifile"),
+                                  QStringLiteral("esci"),    QStringLiteral("inf"),
+                                  QStringLiteral("note"),    QStringLiteral("limiti"),
+                                  QStringLiteral("versione")};
+    EXPECT_EQ(enabledItems(), expected);
+    EXPECT_TRUE(control("Label7").isVisible());
+    EXPECT_FALSE(control("Command1").isEnabled());
+
+    open(test::rec({{}}).records(1));
+    EXPECT_FALSE(control("Label7").isVisible());
+    for (const char* name : {"preferenze", "impostMaiusc", "compEpidat", "EpiData"})
+        EXPECT_TRUE(item(name).isEnabled()) << name;
+    for (const char* name : {"cercarekord", "stampa", "opz", "stat", "esporta", "sortmenu"})
+        EXPECT_TRUE(control<QMenu>(name).menuAction()->isEnabled()) << name;
+    EXPECT_TRUE(form_->focusWidget() == &control("Text1"));
+
+    openFile(folder_.path() / "missing.rec");
+    EXPECT_EQ(enabledItems(), expected) << "as before any file";
+}
+
+TEST_F(FormstartTest, TheMenuBarsAccessKeysDiffer)
+{
+    QStringList keys;
+    for (const QAction* action : form_->menuBar()->actions())
+        keys.append(action->text().section(QLatin1Char('&'), 1).left(1).toUpper());
+    EXPECT_EQ(keys.size(), 8);
+    EXPECT_EQ(keys.removeDuplicates(), 0);
+    EXPECT_FALSE(keys.contains(QString()));
+}
+
+TEST_F(FormstartTest, OpeningAsksWithTheFilterAndCancelChangesNothing)
+{
+    open(test::rec({{}}).records(3));
+    EXPECT_EQ(
+        dialogs_.askedFilter,
+        QStringLiteral(
+            " File dati EpiData (*.rec) |*.rec|File dati Testo (*.txt) |*.txt|File dati Tutti (*.*) |*.*"));
+    click("Command1");
+    dialogs_.fileToOpen.clear();
+    QTest::keyClick(form_.get(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(value(1), QStringLiteral("r1   "));
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+}
+
+TEST_F(FormstartTest, AnotherFileStartsAfresh)
+{
+    open(test::rec({{}, {}, {}}).records(3));
+    click("Text2(2)");
+    click("Command1");
+    choose("preferenze");
+    control<QSlider>("Slider1").setValue(-20);
+    open(test::rec({{}, {}}).record({"new"}, '?'));
+    EXPECT_FALSE(control("Text2(3)").isVisible());
+    EXPECT_NE(background("Text2(2)"), QColor(0xC0, 0, 0xC0));
+    EXPECT_EQ(value(1), QString());
+    EXPECT_EQ(caption("Label14"), QStringLiteral("Rekord n."));
+    EXPECT_EQ(control<QSlider>("Slider1").value(), 0);
+    EXPECT_FALSE(item("preferenze").isChecked());
+    EXPECT_FALSE(control("Frame10").isVisible());
+    EXPECT_TRUE(control<QMenu>("stampa").menuAction()->isEnabled());
+    click("Command1");
+    EXPECT_EQ(value(1), QStringLiteral("new  "));
+}
+
+TEST_F(FormstartTest, CompatibilityFollowsTheLongestFieldAndTheUser)
+{
+    for (const int length : {80, 81}) {
+        open(test::rec({{.length = 3}, {.length = length}}).record({}));
+        EXPECT_EQ(item("compEpidat").isChecked(), length == 80) << length;
+        EXPECT_EQ(control<QSlider>("Slider1").minimum(), length == 80 ? -200 : -10);
+    }
+    choose("compEpidat");
+    EXPECT_TRUE(item("compEpidat").isChecked());
+    EXPECT_EQ(control<QSlider>("Slider1").minimum(), -200);
+    choose("compEpidat");
+    EXPECT_EQ(control<QSlider>("Slider1").minimum(), -10);
+}
+
+TEST_F(FormstartTest, PreferencesDisableTheirMenusAndGiveThemBack)
+{
+    open(test::rec({{}}).records(1));
+    const QStringList before = enabledItems();
+    choose("preferenze");
+    EXPECT_TRUE(control("Frame10").isVisible());
+    for (const char* name : {"esporta", "stat", "stampa"})
+        EXPECT_FALSE(control<QMenu>(name).menuAction()->isEnabled()) << name;
+    QTest::keyClick(&control("Check1"), Qt::Key_Escape);
+    EXPECT_FALSE(control("Frame10").isVisible());
+    EXPECT_FALSE(item("preferenze").isChecked());
+    EXPECT_EQ(enabledItems(), before);
+}
+
+TEST_F(FormstartTest, TheGridPreferenceWarnsOfAnEmptyMatrix)
+{
+    open(test::rec({{}}).records(1));
+    choose("preferenze");
+    click("Check3");
+    EXPECT_EQ(dialogs_.messages, QStringList(QStringLiteral(" Attenzione !! Matrice di stampa vuota")));
+    click("Check3");
+    EXPECT_EQ(dialogs_.messages.size(), 1);
+    EXPECT_FALSE(control("Check4").isEnabled());
+}
+
+TEST_F(FormstartTest, CapitalsLastForTheRun)
+{
+    open(test::rec({{}}).records(2));
+    choose("impostMaiusc");
+    click("Command1");
+    EXPECT_EQ(value(1), QStringLiteral("R1   "));
+    open(test::rec({{}}).records(2));
+    click("Command1");
+    EXPECT_EQ(value(1), QStringLiteral("R1   "));
+    choose("impostMaiusc");
+    click("Command1");
+    EXPECT_EQ(value(1), QStringLiteral("r2   "));
+}
+
+TEST_F(FormstartTest, BuiltInTextsOpenAndClose)
+{
+    struct Case {
+        const char* menu;
+        const char* frame;
+        const char* holds;
+    };
+    for (const Case& c : {Case{"note", "Frame7", "imposta matrice"},
+                          Case{"limiti", "Frame5", "massima dimensione griglie      :800 X 200   "},
+                          Case{"versione", "Frame6", "Quorvin"}}) {
+        choose(c.menu);
+        EXPECT_TRUE(control(c.frame).isVisible());
+        EXPECT_TRUE(item(c.menu).isChecked());
+        const auto* box = control(c.frame).findChild<QPlainTextEdit*>();
+        EXPECT_TRUE(box->toPlainText().contains(QString::fromLatin1(c.holds))) << c.menu;
+        QTest::keyClick(control(c.frame).focusProxy(), Qt::Key_Escape);
+        EXPECT_FALSE(control(c.frame).isVisible());
+        EXPECT_FALSE(item(c.menu).isChecked());
+    }
+}
+
+TEST_F(FormstartTest, AControlIsDroppedAtThePointer)
+{
+    choose("limiti");
+    QMimeData media;
+    media.setData(QLatin1String(FormCanvas::kControlType), "Frame5");
+    drop(control("Form"), media, QPointF(160, 96));
+    EXPECT_NEAR(control("Frame5").x(), 160, 1);
+    EXPECT_NEAR(control("Frame5").y(), 96, 1);
+}
+
+TEST_F(FormstartTest, AFileDroppedOnTheWindowIsOpened)
+{
+    const auto name = folder_.write("dropped.rec", test::rec({{}}).records(4).bytes());
+    QMimeData media;
+    media.setUrls({QUrl::fromLocalFile(QString::fromStdString(name.string()))});
+    drop(*form_, media, QPointF(50, 50));
+    EXPECT_EQ(caption("Label9"), QStringLiteral(" 4 "));
+}
+
+TEST_F(FormstartTest, LowScreensGetLowerLines)
+{
+    open(test::rec({{}}).records(1));
+    form_->resize(1024, 900);
+    const int usual = control<FormCanvas>("Form").scale().lineHeight();
+    choose("adatta600");
+    const int low = control<FormCanvas>("Form").scale().lineHeight();
+    EXPECT_LT(low, usual);
+    EXPECT_LE(low * kFormLines + form_->menuBar()->height(), 600);
+    choose("adatta600");
+    EXPECT_EQ(control<FormCanvas>("Form").scale().lineHeight(), usual);
+}
+
+TEST_F(FormstartTest, LeavingClosesTheWindow)
+{
+    choose("esci");
+    EXPECT_FALSE(form_->isVisible());
+}
+
+}  // namespace
+}  // namespace quorvin

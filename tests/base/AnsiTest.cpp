@@ -1,0 +1,43 @@
+#include "base/Ansi.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvin {
+namespace {
+
+TEST(Ansi, EveryCodeSurvivesTheWayThroughUtf8)
+{
+    for (int code = 0; code < 256; ++code) {
+        const std::string one(1, static_cast<char>(code));
+        EXPECT_EQ(fromUtf8(toUtf8(one)), one) << code;
+    }
+}
+
+TEST(Ansi, CapitalsAreTheCodePages)
+{
+    struct Case {
+        const char* small;
+        const char* capital;
+    };
+    for (const Case& c : {Case{"abcxyz", "ABCXYZ"}, Case{"àèéìòù", "ÀÈÉÌÒÙ"}, Case{"þ", "Þ"}, Case{"ÿ", "Ÿ"},
+                          Case{"šœž", "ŠŒŽ"}, Case{"ß", "ß"}, Case{"ªºµƒ", "ªºµƒ"}, Case{"÷×", "÷×"},
+                          Case{"AZ09[`{", "AZ09[`{"}, Case{"€…–", "€…–"}}) {
+        EXPECT_EQ(toUtf8(upper(fromUtf8(c.small))), c.capital) << c.small;
+    }
+}
+
+TEST(Ansi, WhatIsNotInTheCodePageBecomesAQuestionMark)
+{
+    struct Case {
+        const char* utf8;
+        const char* ansi;
+    };
+    for (const Case& c : {Case{"€", "\x80"}, Case{"“à”", "\x93\xE0\x94"}, Case{"日本", "??"}, Case{"😀", "?"},
+                          Case{"a\xC3", "a?"}, Case{"\xFFz", "?z"}, Case{"\xE2\x82z", "?z"},
+                          Case{"\xC0\xAF", "??"}, Case{"\xC2\x80", "?"}, Case{"\xC2\x81", "\x81"}}) {
+        EXPECT_EQ(fromUtf8(c.utf8), c.ansi) << c.utf8;
+    }
+}
+
+}  // namespace
+}  // namespace quorvin

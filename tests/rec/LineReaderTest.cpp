@@ -1,0 +1,76 @@
+#include "rec/LineReader.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "rec/RecFormat.h"
+#include "tests/support/ErrorNumber.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvin {
+namespace {
+
+class LineReaderTest : public testing::Test {
+protected:
+    LineReader& read(const std::string& bytes)
+    {
+        file_.open(folder_.write("a.txt", bytes));
+        reader_.seek(1);
+        return reader_;
+    }
+
+    test::TempFolder folder_;
+    InputFile file_;
+    LineReader reader_{file_};
+};
+
+TEST_F(LineReaderTest, LineEnds)
+{
+    struct Case {
+        const char* name;
+        std::string bytes;
+        std::vector<std::string> lines;
+    };
+    for (const Case& c : {
+             Case{"CR LF", "a\r\nb\r\n", {"a", "b"}},
+             Case{"LF", "a\nb", {"a", "b"}},
+             Case{"only one CR belongs to the line end", "a\r\r\nb\rc\r\n", {"a\r", "b\rc"}},
+             Case{"empty lines", "\r\n\n", {"", ""}},
+             Case{"Ctrl-Z ends the text",
+                  "a\r\nb\x1A"
+                  "c\r\n",
+                  {"a", "b"}},
+             Case{"nothing", "", {}},
+         }) {
+        LineReader& reader = read(c.bytes);
+        for (const std::string& line : c.lines)
+            EXPECT_EQ(reader.readLine(), line) << c.name;
+        EXPECT_EQ(test::errorOf([&] { reader.readLine(); }), 62) << c.name;
+    }
+}
+
+TEST_F(LineReaderTest, LinesAcrossBlocksAndPositions)
+{
+    // Around every likely block size, so that CR and LF fall into different blocks once.
+    for (std::size_t length = 16380; length <= 16386; ++length) {
+        LineReader& reader = read(std::string(length, 'x') + "\r\nsecond\r\n");
+        EXPECT_EQ(reader.readLine().size(), length);
+        EXPECT_EQ(reader.lineEndBytes(), 2);
+        EXPECT_EQ(reader.position(), static_cast<std::int64_t>(length) + 3);
+        EXPECT_EQ(reader.readLine(), "second");
+        reader.seek(static_cast<std::int64_t>(length));
+        EXPECT_EQ(reader.readLine(), "x");
+    }
+}
+
+TEST_F(LineReaderTest, EndlessLinesAreRefused)
+{
+    const auto most = static_cast<std::size_t>(kMaxLineLength);
+    EXPECT_EQ(read(std::string(most, '\0') + "\n").readLine().size(), most);
+    LineReader& reader = read(std::string(most + 1, '\0'));
+    EXPECT_EQ(test::errorOf([&] { reader.readLine(); }), 7);
+}
+
+}  // namespace
+}  // namespace quorvin

@@ -1,0 +1,280 @@
+#include "rec/RecFile.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "base/Text.h"
+#include "tests/support/ErrorNumber.h"
+#include "tests/support/RecBuilder.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvin {
+namespace {
+
+using test::append;
+using test::errorOf;
+using test::rec;
+
+class RecFileTest : public testing::Test {
+protected:
+    std::filesystem::path write(const std::string& bytes) { return folder_.write("prova.rec", bytes); }
+
+    /// Opens, reads and measures; the number of the error that ended it, negative when it was the header's.
+    int load(const std::filesystem::path& name)
+    {
+        if (const int error = errorOf([&] { file_.open(name); })) return -error;
+        return errorOf([&] {
+            file_.readDefinitions();
+            file_.measure();
+        });
+    }
+
+    std::string value(RecordNumber n, int field)
+    {
+        file_.seek(n);
+        file_.caricastring();
+        return std::string(file_.fieldValue(field));
+    }
+
+    test::TempFolder folder_;
+    RecFile file_;
+};
+
+TEST_F(RecFileTest, Headers)
+{
+    const std::string definition = test::definitionLine({.length = 2}) + "\r\n";
+    const std::string data = "ab!\r\n";
+    struct Case {
+        const char* name;
+        std::string header;
+        int error;
+        double colour;
+    };
+    for (const Case& c : {
+             Case{"usual", "1 7 VLAB Filelabel: x\r\n", 0, 7},
+             Case{"blanks in front", "   1 7\r\n", 0, 7},
+             Case{"no colour", "1 \r\n", 0, 0},
+             Case{"colour behind ten characters", "1          7\r\n", 0, 0},
+             Case{"fraction", "1.9 7\r\n", 0, 7},
+             Case{"comma: the rest is the first definition", "1 7,", 0, 7},
+             Case{"no blank", "1\r\n", -5, 0},
+             Case{"comma before the blank", "1,7 \r\n", -5, 0},
+             Case{"no fields", "0 7\r\n", 11, 7},
+             Case{"fewer than none", "-1 7\r\n", 11, 7},
+             Case{"not a number", "x 7\r\n", 11, 7},
+             Case{"more than there are lines", "3 7\r\n", 62, 7},
+         }) {
+        EXPECT_EQ(load(write(c.header + definition + data)), c.error) << c.name;
+        EXPECT_EQ(file_.screenColour(), c.colour) << c.name;
+        if (c.error != 0) continue;
+        EXPECT_EQ(value(1, 1), "ab") << c.name;
+    }
+}
+
+TEST_F(RecFileTest, HeadersThatAnnounceTooManyFields)
+{
+    std::string lines;
+    for (int i = 0; i < 201; ++i)
+        lines += test::definitionLine({.length = 1}) + "\r\n";
+    for (const char* header : {"201 1\r\n", "999999999 1\r\n"}) {
+        EXPECT_EQ(load(write(header + lines)), 9) << header;
+        EXPECT_EQ(file_.fieldCount(), 200);
+        EXPECT_EQ(file_.recordCount(), 0);
+    }
+    EXPECT_EQ(load(write("200 1\r\n" + lines.substr(0, lines.size() / 201 * 200) + std::string(77, 'x'))),
+              62);
+}
+
+TEST_F(RecFileTest, FilesThatAreDamaged)
+{
+    const std::string good = rec({{.length = 100}}).record({"a"}).bytes();
+    const std::size_t secondLine = good.size() - 25;
+    struct Case {
+        const char* name;
+        std::string bytes;
+        int error;
+    };
+    for (const Case& c : {
+             Case{"empty file", "", -62},
+             Case{"only Ctrl-Z", "\x1A", -62},
+             Case{"no data", rec({{}}).bytes(), 11},
+             Case{"titles only", rec({{.length = 0}}).record({}).bytes(), 11},
+             Case{"second line of the first record missing", good.substr(0, secondLine), 62},
+             Case{"Ctrl-Z within the first record",
+                  good.substr(0, secondLine) + "\x1A" + good.substr(secondLine), 62},
+             Case{"zeros", std::string(5000, '\0'), -5},
+             Case{"a line without end", "1 1\r\n" + std::string(3 << 20, 'x'), 7},
+         })
+        EXPECT_EQ(load(write(c.bytes)), c.error) << c.name;
+}
+
+TEST_F(RecFileTest, Measures)
+{
+    struct Case {
+        int length;
+        int lines;
+        int bytes;
+    };
+    for (const Case& c :
+         {Case{1, 1, 4}, Case{78, 1, 81}, Case{79, 2, 85}, Case{156, 2, 162}, Case{157, 3, 166}}) {
+        const std::string whole = rec({{.length = c.length}}).record({"x"}).record({"y"}).bytes();
+        ASSERT_EQ(load(write(whole)), 0);
+        EXPECT_EQ(file_.linesPerRecord(), c.lines) << c.length;
+        EXPECT_EQ(file_.recordBytes(), c.bytes) << c.length;
+        EXPECT_EQ(file_.recordCount(), 2) << c.length;
+        EXPECT_EQ(file_.rangeEnd(), 2) << c.length;
+
+        ASSERT_EQ(load(write(whole.substr(0, whole.size() - 1))), 0);
+        EXPECT_EQ(file_.recordCount(), 1)
+            << "without its last byte a record is not whole, length " << c.length;
+    }
+}
+
+TEST_F(RecFileTest, LinesThatEndInLfAlone)
+{
+    ASSERT_EQ(load(write(rec({{.length = 80}}, 1, "\n").record({"uno"}).record({"due"}, '?').bytes())), 0);
+    EXPECT_EQ(file_.recordBytes(), 84);
+    EXPECT_EQ(file_.recordCount(), 2);
+    EXPECT_EQ(rTrim(value(2, 1)), "due");
+    EXPECT_TRUE(file_.isDeleted());
+}
+
+TEST_F(RecFileTest, RecordsAreReadByNumber)
+{
+    const std::string first(100, 'a');
+    const auto name = write(rec({{.length = 0}, {.length = 90}, {.length = 10}})
+                                .record({"", first, "città"})
+                                .record({"", "b", "zz"}, '?')
+                                .record({"", "c", "^"}, '^')
+                                .bytes());
+    ASSERT_EQ(load(name), 0);
+    EXPECT_EQ(value(3, 2), "c" + std::string(89, ' '));
+    EXPECT_EQ(file_.lastMark(), '^');
+    EXPECT_EQ(value(1, 2), first.substr(0, 90));
+    EXPECT_EQ(value(1, 1), "");
+    EXPECT_EQ(file_.lastMark(), '!');
+    EXPECT_EQ(value(2, 3), "zz        ");
+    EXPECT_TRUE(file_.isDeleted());
+
+    EXPECT_EQ(errorOf([&] { value(4, 1); }), 62);
+    EXPECT_EQ(rTrim(value(2, 2)), "b") << "usable after an error";
+    EXPECT_EQ(errorOf([&] { file_.seek(0); }), 5);
+    EXPECT_EQ(errorOf([&] { file_.seek(INT64_MAX); }), 5);
+}
+
+TEST_F(RecFileTest, CapitalsOnRequest)
+{
+    ASSERT_EQ(load(write(rec({{.length = 6}}).record({"citt\xE0 "}).bytes())), 0);
+    file_.impostMaiusc = true;
+    EXPECT_EQ(value(1, 1), "CITT\xC0 ");
+    file_.impostMaiusc = false;
+    EXPECT_EQ(value(1, 1), "citt\xE0 ");
+}
+
+TEST_F(RecFileTest, ALineThatIsShortLeavesItsMarkInTheText)
+{
+    ASSERT_EQ(load(write(rec({{.length = 5}}).bytes() + "ab!\r\n")), 0);
+    EXPECT_EQ(value(1, 1), "ab!");
+    EXPECT_EQ(file_.lastMark(), '!');
+}
+
+TEST_F(RecFileTest, FilesThatOthersChange)
+{
+    const test::RecBuilder two = rec({{}}).records(2);
+    const auto name = write(two.bytes());
+    ASSERT_EQ(load(name), 0);
+
+    append(name, "r3   !\r\nr4   !");
+    file_.recount();
+    EXPECT_EQ(file_.recordCount(), 3) << "the half record does not count";
+    EXPECT_EQ(rTrim(value(3, 1)), "r3");
+
+    write(rec({{}}).records(1).bytes());
+    file_.recount();
+    EXPECT_EQ(file_.recordCount(), 1);
+
+    write("x");
+    file_.recount();
+    EXPECT_EQ(file_.recordCount(), 0);
+
+    std::filesystem::remove(name);
+    EXPECT_EQ(errorOf([&] { file_.recount(); }), 53);
+    write(two.bytes());
+    file_.recount();
+    EXPECT_EQ(file_.recordCount(), 2);
+}
+
+TEST_F(RecFileTest, CountingGoesByLengthBeyondFourGigabytes)
+{
+    const auto name = write(rec({{.length = 5}}).records(1).bytes());
+    ASSERT_EQ(load(name), 0);
+    const std::int64_t records = 900'000'000;
+    std::filesystem::resize_file(
+        name, static_cast<std::uintmax_t>(file_.dataStart() - 1 + records * file_.recordBytes()));
+    std::fstream out(name, std::ios::binary | std::ios::in | std::ios::out);
+    out.seekp(file_.dataStart() - 1 + (records - 1) * file_.recordBytes());
+    out << "last !\r\n";
+    out.close();
+    file_.recount();
+    EXPECT_EQ(file_.recordCount(), records);
+    EXPECT_EQ(value(records, 1), "last ");
+}
+
+TEST(RecFile, Stems)
+{
+    struct Case {
+        const char* name;
+        const char* stem;
+    };
+    for (const Case& c :
+         {Case{"/dati/pazienti.rec", "/dati/pazienti"}, Case{"a.rec", "a"}, Case{"/dati/abc", "/dati/"},
+          Case{"/dati/.rec", "/dati/"}, Case{"/dati/nome.dati", "/dati/nome."}, Case{"/d/xàè.r", "/d/x"}}) {
+        EXPECT_EQ(stemOf(c.name), std::filesystem::path(c.stem)) << c.name;
+    }
+}
+
+/// Values looked up by hand in the files.
+TEST(RecFile, SampleFiles)
+{
+    struct Case {
+        const char* file;
+        RecordNumber records;
+        std::vector<RecordNumber> deleted;
+        RecordNumber record;
+        std::vector<const char*> values;
+    };
+    for (const Case& c : {
+             Case{TEST_DATA "/wnv.rec",
+                  766,
+                  {3, 100, 766},
+                  766,
+                  {"", "768", "Tulare        ", "68", "M", "Unknown", "14/10/2004", "07/12/2004", "   "}},
+             Case{TEST_DATA "/infert.rec", 248, {}, 5, {"", "6-11yrs", "35", "3", "1", "1", "1", " 5", "32"}},
+             Case{TEST_DATA "/oswego.rec",
+                  75,
+                  {7, 40},
+                  1,
+                  {"", " 2", "52", "F", "8:00 PM ", "Y", "4/19", "12:30 AM"}},
+         }) {
+        RecFile file;
+        file.open(c.file);
+        file.readDefinitions();
+        file.measure();
+        EXPECT_EQ(file.recordCount(), c.records) << c.file;
+        std::vector<RecordNumber> deleted;
+        for (RecordNumber n = 1; n <= file.recordCount(); ++n) {
+            file.seek(n);
+            file.caricastring();
+            if (file.isDeleted()) deleted.push_back(n);
+        }
+        EXPECT_EQ(deleted, c.deleted) << c.file;
+        file.seek(c.record);
+        file.caricastring();
+        for (std::size_t i = 0; i < c.values.size(); ++i)
+            EXPECT_EQ(file.fieldValue(static_cast<int>(i) + 1), c.values[i]) << c.file << " field " << i + 1;
+    }
+}
+
+}  // namespace
+}  // namespace quorvin

@@ -1,0 +1,34 @@
+#include "tests/support/TempFolder.h"
+
+#include <fstream>
+#include <random>
+
+namespace quorvin::test {
+
+TempFolder::TempFolder()
+{
+    std::random_device random;
+    do {
+        path_ = std::filesystem::temp_directory_path() / ("quorvin-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
+}
+
+TempFolder::~TempFolder()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::filesystem::path TempFolder::write(const std::string& name, const std::string& bytes) const
+{
+    const std::filesystem::path file = path_ / name;
+    std::ofstream(file, std::ios::binary) << bytes;
+    return file;
+}
+
+void append(const std::filesystem::path& file, const std::string& bytes)
+{
+    std::ofstream(file, std::ios::binary | std::ios::app) << bytes;
+}
+
+}  // namespace quorvin::test

@@ -1,0 +1,28 @@
+/// A folder of its own for a test, removed with all that is in it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace quorvin::test {
+
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+    /// Writes, or replaces, a file and returns its full name.
+    std::filesystem::path write(const std::string& name, const std::string& bytes) const;
+
+private:
+    std::filesystem::path path_;
+};
+
+/// Appends bytes to a file, as a program that enters data does.
+void append(const std::filesystem::path& file, const std::string& bytes);
+
+}  // namespace quorvin::test

@@ -1,0 +1,91 @@
+#include "tests/support/WindowTest.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+namespace quorvin::test {
+
+void ScriptedDialogs::message(BoxIcon icon, const QString& text)
+{
+    messages.append((icon == BoxIcon::critical ? QStringLiteral("!") : QString()) + text);
+}
+
+QString ScriptedDialogs::openFile(const QString& filter, const QString&)
+{
+    askedFilter = filter;
+    return fileToOpen;
+}
+
+WindowTest::WindowTest() : form_(std::make_unique<Formstart>(dialogs_))
+{
+    form_->resize(1024, 740);
+    form_->show();
+    form_->activateWindow();
+    QApplication::processEvents();
+}
+
+void WindowTest::open(const RecBuilder& rec)
+{
+    openFile(folder_.write("prova.rec", rec.bytes()));
+}
+
+void WindowTest::openFile(const std::filesystem::path& name)
+{
+    dialogs_.fileToOpen = QFileInfo(name).filePath();
+    choose("aprifile");
+}
+
+QAction& WindowTest::item(const char* name)
+{
+    return control<QAction>(name);
+}
+
+void WindowTest::choose(const char* name) const
+{
+    form_->findChild<QAction*>(QString::fromLatin1(name))->trigger();
+    QApplication::processEvents();
+}
+
+void WindowTest::click(const char* name, Qt::MouseButton button)
+{
+    QWidget& widget = control(name);
+    // A check box takes clicks on its mark and words only.
+    const QPoint mark(8, widget.height() / 2);
+    QTest::mouseClick(&widget, button, Qt::NoModifier, widget.inherits("QCheckBox") ? mark : QPoint());
+}
+
+void WindowTest::type(const char* name, const QString& text)
+{
+    auto& box = control<QLineEdit>(name);
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, text);
+}
+
+QString WindowTest::caption(const char* label)
+{
+    return control<QLabel>(label).text();
+}
+
+QString WindowTest::value(int field)
+{
+    return control<QLineEdit>(qPrintable(QStringLiteral("Text2(%1)").arg(field))).text();
+}
+
+QString WindowTest::clipboard()
+{
+    return QApplication::clipboard()->text();
+}
+
+QColor WindowTest::background(const char* name)
+{
+    const QWidget& widget = control(name);
+    return widget.palette().color(widget.inherits("QLineEdit") ? QPalette::Base : QPalette::Button);
+}
+
+}  // namespace quorvin::test

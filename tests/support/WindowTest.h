@@ -1,0 +1,61 @@
+/// Drives the real window as a user would: by the names of its controls, with clicks and keys.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+#include <memory>
+
+#include "app/Dialogs.h"
+#include "app/Formstart.h"
+#include "tests/support/RecBuilder.h"
+#include "tests/support/TempFolder.h"
+
+class QAction;
+
+namespace quorvin::test {
+
+/// Answers from a script and remembers what was asked.
+class ScriptedDialogs : public Dialogs {
+public:
+    void message(BoxIcon icon, const QString& text) override;
+    QString openFile(const QString& filter, const QString& folder) override;
+
+    QStringList messages;  ///< texts of the boxes, "!" before critical ones
+    QString fileToOpen;    ///< empty: cancel
+    QString askedFilter;
+};
+
+class WindowTest : public testing::Test {
+protected:
+    WindowTest();
+
+    /// Writes the file and opens it through the menu.
+    void open(const RecBuilder& rec);
+    void openFile(const std::filesystem::path& name);
+
+    template<class T = QWidget>
+    T& control(const char* name)
+    {
+        auto* found = form_->findChild<T*>(QString::fromLatin1(name));
+        if (!found) throw std::runtime_error(std::string("no control ") + name);
+        return *found;
+    }
+    QAction& item(const char* name);
+    /// Triggers a menu item as a click on it does.
+    void choose(const char* name) const;
+    void click(const char* name, Qt::MouseButton button = Qt::LeftButton);
+    void type(const char* name, const QString& text);
+
+    QString caption(const char* label);
+    QString value(int field);
+    std::filesystem::path file() const { return folder_.path() / "prova.rec"; }
+    static QString clipboard();
+    QColor background(const char* name);
+
+    TempFolder folder_;
+    ScriptedDialogs dialogs_;
+    std::unique_ptr<Formstart> form_;
+};
+
+}  // namespace quorvin::test
