@@ -47,7 +47,7 @@ check-format: setup
 # Needs the compile commands and the generated headers of a build.
 lint: build
 	@echo $(filter %.cpp,$(OUR_SOURCES)) | tr ' ' '\n' | grep -v '^bench/' | \
-	    xargs -P 2 -n 4 clang-tidy -p $(BUILD) --quiet
+	    xargs -P 2 -n 4 clang-tidy -p $(BUILD) --quiet --extra-arg=-Wno-unknown-warning-option
 
 clean:
 	rm -rf $(BUILD)

@@ -84,7 +84,7 @@ std::string infoAsText(const RecFile& file)
         << "  n.  nome        tipo  lungh.  posiz.  domanda\n";
     for (int n = 1; n <= file.fieldCount(); ++n) {
         const auto i = static_cast<std::size_t>(n);
-        const auto column = [&](std::string text, std::size_t width) {
+        const auto column = [&](const std::string& text, std::size_t width) {
             out << std::string(text.size() < width ? width - text.size() : 0, ' ') << text;
         };
         column(std::to_string(n), 4);

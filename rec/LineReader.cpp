@@ -10,7 +10,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 16 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{16} * 1024;
 
 }  // namespace
 

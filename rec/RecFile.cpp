@@ -104,22 +104,28 @@ void RecFile::measure()
     count();
 }
 
+void RecFile::requireMeasured() const
+{
+    if (recordBytes_ == 0) throw RuntimeError(ErrorNumber::divisionByZero);
+}
+
 void RecFile::count()
 {
+    requireMeasured();
     recordCount_ = std::max<RecordNumber>(0, (file_.size() - dataStart_ + 1) / recordBytes_);
     rangeEnd_ = recordCount_;
 }
 
 void RecFile::recount()
 {
-    if (recordBytes_ == 0) throw RuntimeError(ErrorNumber::divisionByZero);
+    requireMeasured();
     file_.open(dataFileName_);
     count();
 }
 
 void RecFile::seek(RecordNumber n)
 {
-    if (recordBytes_ == 0) throw RuntimeError(ErrorNumber::divisionByZero);
+    requireMeasured();
     const RecordNumber most = (std::numeric_limits<std::int64_t>::max() - dataStart_) / recordBytes_;
     if (n < 1 || n > most) throw RuntimeError(ErrorNumber::invalidCall);
     reader_.seek(dataStart_ + (n - 1) * recordBytes_);

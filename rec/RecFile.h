@@ -83,6 +83,7 @@ public:
     bool impostMaiusc = false;
 
 private:
+    void requireMeasured() const;
     void count();
 
     InputFile file_;

@@ -43,8 +43,7 @@ protected:
 
 TEST_F(RecFileTest, Headers)
 {
-    const std::string definition = test::definitionLine({.length = 2}) + "\r\n";
-    const std::string data = "ab!\r\n";
+    const std::string rest = test::definitionLine({.length = 2}) + "\r\nab!\r\n";
     struct Case {
         const char* name;
         std::string header;
@@ -65,7 +64,7 @@ TEST_F(RecFileTest, Headers)
              Case{"not a number", "x 7\r\n", 11, 7},
              Case{"more than there are lines", "3 7\r\n", 62, 7},
          }) {
-        EXPECT_EQ(load(write(c.header + definition + data)), c.error) << c.name;
+        EXPECT_EQ(load(write(std::string(c.header).append(rest))), c.error) << c.name;
         EXPECT_EQ(file_.screenColour(), c.colour) << c.name;
         if (c.error != 0) continue;
         EXPECT_EQ(value(1, 1), "ab") << c.name;
