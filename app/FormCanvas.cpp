@@ -3,9 +3,9 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
 #include <algorithm>
-
-#include "view/Colours.h"
 
 namespace quorvin {
 
@@ -15,12 +15,12 @@ FormCanvas::FormCanvas(QWidget* parent) :
 {
     setObjectName(QStringLiteral("Form"));
     setAcceptDrops(true);
-    setMinimumSize(FormScale::smallestForm());
+    setMinimumSize(minimumSizeHint());
 }
 
 QSize FormCanvas::minimumSizeHint() const
 {
-    return FormScale::smallestForm();
+    return FormScale::smallestForm(mostHeight_);
 }
 
 FormCanvas::Placed* FormCanvas::find(const QWidget* control)
@@ -58,6 +58,7 @@ void FormCanvas::apply(const Placed& placed) const
 void FormCanvas::setMostHeight(int pixels)
 {
     mostHeight_ = pixels;
+    setMinimumSize(minimumSizeHint());
     rescale();
 }
 
@@ -71,7 +72,13 @@ void FormCanvas::rescale()
 
 void FormCanvas::setFormColour(const QColor& colour)
 {
-    paintWidget(*this, {colour, palette().color(QPalette::WindowText)});
+    formColour_ = colour;
+    update();
+}
+
+void FormCanvas::paintEvent(QPaintEvent* event)
+{
+    if (formColour_.isValid()) QPainter(this).fillRect(event->rect(), formColour_);
 }
 
 void FormCanvas::resizeEvent(QResizeEvent* event)

@@ -1,6 +1,7 @@
 /// The area of the form below the menu bar, on which everything stands by columns and lines.
 #pragma once
 
+#include <QColor>
 #include <QList>
 #include <QPointF>
 #include <QRectF>
@@ -30,7 +31,8 @@ public:
     /// Bounds the height of the whole form in pixels; 0 for no bound.
     void setMostHeight(int pixels);
 
-    /// Background of the form; an invalid colour for the usual one.
+    /// Background of the form; an invalid colour for the usual one. Not by its palette, which the frames on
+    /// the form would inherit.
     void setFormColour(const QColor& colour);
 
     QSize minimumSizeHint() const override;
@@ -42,6 +44,7 @@ signals:
     void previousRequested();
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -58,6 +61,7 @@ private:
     void apply(const Placed& placed) const;
     void rescale();
 
+    QColor formColour_;
     QList<Placed> placed_;
     FormScale scale_;
     int mostHeight_ = 0;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QScreen>
 #include <QTextStream>
 #include <QTimer>
@@ -17,7 +18,11 @@ namespace {
 QSize firstSize()
 {
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-    return (screen * 9 / 10).boundedTo(QSize(1400, 900)).expandedTo(QSize(1000, 680)).boundedTo(screen);
+    constexpr QSize kFrame(10, 40);
+    return (screen * 9 / 10)
+        .boundedTo(QSize(1400, 900))
+        .expandedTo(QSize(1000, 680))
+        .boundedTo(screen - kFrame);
 }
 
 /// Qt's own dialogs in Italian.
@@ -46,6 +51,7 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quorvin"));
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     QApplication::setApplicationVersion(QStringLiteral(QUORVIN_VERSION));
     // The colours of boxes and labels carry meaning here; this style shows them alike on every system.
     QApplication::setStyle(QStringLiteral("Fusion"));

@@ -9,17 +9,23 @@ namespace quorvin {
 namespace {
 
 constexpr int kSmallestColumn = 7;
-constexpr int kSmallestLine = 12;
+constexpr int kSmallestLine = 14;
+constexpr int kLowestLine = 12;
 
 /// Lines more than this many times as high as a column is wide only pull the text apart.
 constexpr double kHighestLine = 2.2;
 
-/// Room above and below the characters for the border of a field box.
-constexpr int kBorder = 2;
+/// Room for the border of a field box.
+constexpr int kBorder = 1;
 
 /// Widths of a font's characters in per cent of the usual ones.
 constexpr int kNarrowest = 50;
 constexpr double kUnstretched = 100;
+
+int smallestLine(int mostFormHeight)
+{
+    return mostFormHeight > 0 ? kLowestLine : kSmallestLine;
+}
 
 QFont courier(int pixelSize)
 {
@@ -61,7 +67,8 @@ FormScale FormScale::fitting(QSize available, int mostFormHeight)
 {
     const int height = mostFormHeight > 0 ? std::min(available.height(), mostFormHeight) : available.height();
     const int column = std::max(kSmallestColumn, available.width() / kFormColumns);
-    const int line = std::max(kSmallestLine, std::min(height / kFormLines, qRound(column * kHighestLine)));
+    const int line =
+        std::max(smallestLine(mostFormHeight), std::min(height / kFormLines, qRound(column * kHighestLine)));
     return FormScale(column, line);
 }
 
@@ -76,9 +83,9 @@ QFont FormScale::squeezedFont(double share) const
     return font;
 }
 
-QSize FormScale::smallestForm()
+QSize FormScale::smallestForm(int mostFormHeight)
 {
-    return QSize(kSmallestColumn * kFormColumns, kSmallestLine * kFormLines);
+    return QSize(kSmallestColumn * kFormColumns, smallestLine(mostFormHeight) * kFormLines);
 }
 
 QRect FormScale::rect(const QRectF& units) const

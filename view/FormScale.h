@@ -17,7 +17,8 @@ inline constexpr int kFormLines = 42;
 class FormScale {
 public:
     /// The largest cells with which the form fits into `available`, but never smaller than readable ones.
-    /// `mostFormHeight`: pixels that the form's lines may take together; 0 for no bound.
+    /// `mostFormHeight`: pixels that the form's lines may take together, for which they may become as low as
+    /// they can be read at all; 0 for no bound.
     static FormScale fitting(QSize available, int mostFormHeight = 0);
 
     int columnWidth() const { return columnWidth_; }
@@ -31,8 +32,8 @@ public:
     int y(double lines) const { return qRound(lines * lineHeight_); }
     QRect rect(const QRectF& units) const;
 
-    /// Size of the whole form with the smallest readable cells.
-    static QSize smallestForm();
+    /// Size of the whole form with the smallest cells.
+    static QSize smallestForm(int mostFormHeight = 0);
 
 private:
     FormScale(int columnWidth, int lineHeight);
