@@ -195,8 +195,8 @@ void Formstart::openFile(const QString& name)
     }
     navigator_->start();
     navigator_->focusNumber();
-    Form_Load();
     showState();
+    Form_Load();
 }
 
 void Formstart::Form_Load()
