@@ -20,7 +20,11 @@ FormCanvas::FormCanvas(QWidget* parent) :
 
 QSize FormCanvas::minimumSizeHint() const
 {
-    return FormScale::smallestForm(mostHeight_);
+    QSize size = FormScale::smallestForm(mostHeight_);
+    for (const Placed& placed : placed_) {
+        if (placed.units.width() == 0) size = size.expandedTo(QSize(placed.control->minimumSizeHint().width(), 0));
+    }
+    return size;
 }
 
 FormCanvas::Placed* FormCanvas::find(const QWidget* control)
@@ -37,6 +41,7 @@ void FormCanvas::place(QWidget* control, const QRectF& units)
     } else {
         placed_.append({control, units});
     }
+    setMinimumSize(minimumSizeHint());
     apply({control, units});
 }
 

@@ -14,6 +14,9 @@
 
 namespace {
 
+/// Size of a saved picture, whatever the screen.
+constexpr QSize kPictureSize(1024, 740);
+
 /// First size of the window: most of the screen, but not more than reads well.
 QSize firstSize()
 {
@@ -75,7 +78,7 @@ int main(int argc, char** argv)
     quorvin::QtDialogs dialogs;
     quorvin::Formstart form(dialogs);
     dialogs.setWindow(&form);
-    form.resize(firstSize());
+    form.resize(parser.isSet(picture) ? kPictureSize : firstSize());
     form.show();
     if (!parser.positionalArguments().isEmpty()) form.openFile(parser.positionalArguments().constFirst());
     if (parser.isSet(record)) form.goToRecord(parser.value(record));
