@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QScrollArea>
 #include <QStatusBar>
+#include <QTimer>
 #include <QUrl>
 #include <new>
 
@@ -159,8 +160,8 @@ void Formstart::connectMenus()
 void Formstart::connectParts()
 {
     connect(canvas_, &FormCanvas::scaleChanged, recordView_, &RecordView::setScale);
-    connect(canvas_, &FormCanvas::nextRequested, navigator_, &Navigator::Command1_Click);
-    connect(canvas_, &FormCanvas::previousRequested, navigator_, &Navigator::Command2_Click);
+    connect(canvas_, &FormCanvas::nextRequested, navigator_, &Navigator::pressNext);
+    connect(canvas_, &FormCanvas::previousRequested, navigator_, &Navigator::pressPrevious);
     connect(recordView_, &RecordView::Text2_Click, this, &Formstart::Text2_Click);
     connect(navigator_, &Navigator::epiDataRequested, this, &Formstart::EpiData_Click);
     connect(navigator_, &Navigator::clearRequested, this, &Formstart::Command3_Click);
@@ -186,7 +187,7 @@ void Formstart::openFile(const QString& name)
 {
     try {
         resetta();
-        recFile_.open(QFileInfo(name).filesystemFilePath());
+        recFile_.open(QFileInfo(name).filesystemAbsoluteFilePath());
     } catch (const RuntimeError& error) {
         recFile_.reset();
         showState();
@@ -403,7 +404,8 @@ void Formstart::dropEvent(QDropEvent* event)
 {
     const QString name = event->mimeData()->urls().constFirst().toLocalFile();
     event->acceptProposedAction();
-    openFile(name);
+    // The program that the file comes from waits until the drop is over; it should not wait for a box.
+    QTimer::singleShot(0, this, [this, name] { openFile(name); });
 }
 
 }  // namespace quorvin

@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QTimer>
 #include <cmath>
 
 #include "base/RuntimeError.h"
@@ -17,14 +16,11 @@
 #include "view/AnsiText.h"
 #include "view/Colours.h"
 #include "view/RecordView.h"
+#include "view/StepButton.h"
 
 namespace quorvin {
 
 namespace {
-
-/// Milliseconds between two steps while a button is held down, and the timers' interval at rest.
-constexpr int kRepeatInterval = 50;
-constexpr int kRestInterval = 500;
 
 /// Signal colour of a deleted record.
 constexpr int kYellow = 14;
@@ -37,50 +33,34 @@ Navigator::Navigator(RecFile& recFile, RecordView& recordView, QWidget* parent) 
     QWidget(parent),
     recFile_(recFile),
     recordView_(recordView),
-    next_(makeStepButton(1, QStringLiteral("avanti"), &Navigator::Command1_Click)),
-    previous_(makeStepButton(2, QStringLiteral("indietro"), &Navigator::Command2_Click)),
-    Command3(makeButton(QStringLiteral("Command3"), QStringLiteral("cancella"),
-                        QStringLiteral("giallo: rekord cancellato; un clic vuota i campi e la ricerca"))),
-    Command5(makeButton(QStringLiteral("Command5"), QStringLiteral("espandi"),
-                        QStringLiteral("allarga o restringe l'elenco")))
+    Command1(new StepButton(QStringLiteral("avanti"), QStringLiteral("Timer1"), this)),
+    Command2(new StepButton(QStringLiteral("indietro"), QStringLiteral("Timer2"), this)),
+    Command3(new QPushButton(QStringLiteral("cancella"), this)),
+    Command5(new QPushButton(QStringLiteral("espandi"), this))
 {
     setAutoFillBackground(true);
+    const QString hint = QStringLiteral("tasto destro: richiama EpiData");
+    nameButton(*Command1, QStringLiteral("Command1"), hint);
+    nameButton(*Command2, QStringLiteral("Command2"), hint);
+    nameButton(*Command3, QStringLiteral("Command3"),
+               QStringLiteral("giallo: rekord cancellato; un clic vuota i campi e la ricerca"));
+    nameButton(*Command5, QStringLiteral("Command5"), QStringLiteral("allarga o restringe l'elenco"));
     makeNumberControls();
     layOut();
+    connect(Command1, &StepButton::stepped, this, &Navigator::Command1_Click);
+    connect(Command2, &StepButton::stepped, this, &Navigator::Command2_Click);
+    connect(Command1, &StepButton::rightPressed, this, &Navigator::epiDataRequested);
+    connect(Command2, &StepButton::rightPressed, this, &Navigator::epiDataRequested);
     connect(Command3, &QPushButton::clicked, this, &Navigator::clearRequested);
     connect(Command5, &QPushButton::clicked, this, &Navigator::expandRequested);
     reset();
 }
 
-QPushButton* Navigator::makeButton(const QString& name, const QString& caption, const QString& purpose)
+void Navigator::nameButton(QPushButton& button, const QString& name, const QString& purpose)
 {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setToolTip(purpose);
-    button->setAccessibleName(caption);
-    button->setAccessibleDescription(purpose);
-    return button;
-}
-
-Navigator::Repeat Navigator::makeStepButton(int number, const QString& caption, void (Navigator::*click)())
-{
-    Repeat repeat;
-    repeat.button = makeButton(QStringLiteral("Command%1").arg(number), caption,
-                               QStringLiteral("tasto destro: richiama EpiData"));
-    repeat.button->installEventFilter(this);
-    repeat.timer = new QTimer(this);
-    repeat.timer->setObjectName(QStringLiteral("Timer%1").arg(number));
-    repeat.timer->setInterval(kRestInterval);
-    Repeat& held = number == 1 ? next_ : previous_;
-    connect(repeat.timer, &QTimer::timeout, this, [this, &held, click] {
-        held.ticked = true;
-        (this->*click)();
-    });
-    // The click that ends a hold is not one more step.
-    connect(repeat.button, &QPushButton::clicked, this, [this, &held, click] {
-        if (!std::exchange(held.ticked, false)) (this->*click)();
-    });
-    return repeat;
+    button.setObjectName(name);
+    button.setToolTip(purpose);
+    button.setAccessibleDescription(purpose);
 }
 
 void Navigator::makeNumberControls()
@@ -120,8 +100,8 @@ void Navigator::layOut()
     auto* of = new QLabel(QStringLiteral("di"), this);
     auto* go = new QLabel(QStringLiteral("&vai a"), this);
     go->setBuddy(Text1);
-    const std::initializer_list<QWidget*> row = {previous_.button, next_.button, Label14, of,
-                                                 Label9,           Command3,     go,      Text1};
+    const std::initializer_list<QWidget*> row = {Command2, Command1, Label14, of,
+                                                 Label9,   Command3, go,      Text1};
     for (QWidget* control : row)
         layout->addWidget(control);
     layout->addStretch();
@@ -141,12 +121,9 @@ void Navigator::reset()
     Label9->clear();
     const QSignalBlocker silent(Text1);
     Text1->clear();
-    for (Repeat* repeat : {&next_, &previous_}) {
-        repeat->timer->stop();
-        repeat->button->setEnabled(false);
-    }
-    Text1->setEnabled(false);
-    Command3->setEnabled(false);
+    for (StepButton* button : {Command1, Command2})
+        button->stopRepeating();
+    enableControls(false);
     paintWidget(*Command3, {});
     // Comes into use together with the lists that it widens.
     Command5->setEnabled(false);
@@ -154,9 +131,14 @@ void Navigator::reset()
 
 void Navigator::start()
 {
-    for (QWidget* control : {static_cast<QWidget*>(next_.button), static_cast<QWidget*>(previous_.button),
-                             static_cast<QWidget*>(Text1), static_cast<QWidget*>(Command3)})
-        control->setEnabled(true);
+    enableControls(true);
+}
+
+void Navigator::enableControls(bool enabled)
+{
+    const std::initializer_list<QWidget*> controls = {Command1, Command2, Command3, Text1};
+    for (QWidget* control : controls)
+        control->setEnabled(enabled);
 }
 
 void Navigator::focusNumber()
@@ -214,6 +196,16 @@ void Navigator::Command2_Click()
     });
 }
 
+void Navigator::pressNext()
+{
+    Command1->click();
+}
+
+void Navigator::pressPrevious()
+{
+    Command2->click();
+}
+
 void Navigator::Text1_Change()
 {
     attempt([this] {
@@ -263,37 +255,11 @@ void Navigator::caricarekord()
         recordView_.setValue(k, fromAnsi(recFile_.fieldValue(k)));
 }
 
-void Navigator::Command_MouseDown(Repeat& repeat, Qt::MouseButton mouseButton)
-{
-    if (mouseButton == Qt::RightButton) emit epiDataRequested();
-    if (mouseButton != Qt::LeftButton) return;
-    repeat.ticked = false;
-    repeat.timer->start(kRepeatInterval);
-}
-
-void Navigator::Command_MouseUp(Repeat& repeat, Qt::MouseButton mouseButton)
-{
-    if (mouseButton != Qt::LeftButton) return;
-    repeat.timer->stop();
-    repeat.timer->setInterval(kRestInterval);
-}
-
 bool Navigator::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool down =
-        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
-    const bool up = event->type() == QEvent::MouseButtonRelease;
-    if (down || up) {
-        const auto* control = qobject_cast<QWidget*>(watched);
-        const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
-        if (watched == Label14) {
-            if (down && button == Qt::RightButton && recFile_.hasName()) emit epiDataRequested();
-        } else if (control && control->isEnabled()) {
-            Repeat& repeat = watched == next_.button ? next_ : previous_;
-            if (down) Command_MouseDown(repeat, button);
-            if (up) Command_MouseUp(repeat, button);
-        }
-    }
+    const bool rightPress = event->type() == QEvent::MouseButtonPress &&
+                            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
+    if (watched == Label14 && rightPress && recFile_.hasName()) emit epiDataRequested();
     return QWidget::eventFilter(watched, event);
 }
 

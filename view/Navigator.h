@@ -9,12 +9,12 @@
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTimer;
 
 namespace quorvin {
 
 class RecFile;
 class RecordView;
+class StepButton;
 
 /// Owns Command1 (next), Command2 (previous), Command3 (signal of deleted records; clears), Command5 (list
 /// size), Text1, Label14, Label9 and the two repeat timers. Recounts the file before every move. What fails
@@ -44,6 +44,9 @@ public:
     /// Next and previous record. At the end, or the beginning, the record on show stays.
     void Command1_Click();
     void Command2_Click();
+    /// What the step buttons do, as long as they are enabled.
+    void pressNext();
+    void pressPrevious();
     void focusNumber();
     /// Puts a number into Text1, as typing does.
     void typeNumber(const QString& number);
@@ -61,30 +64,21 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// A step button with its timer; `ticked`: the timer has stepped since the button went down.
-    struct Repeat {
-        QPushButton* button;
-        QTimer* timer;
-        bool ticked = false;
-    };
-
-    Repeat makeStepButton(int number, const QString& caption, void (Navigator::*click)());
-    QPushButton* makeButton(const QString& name, const QString& caption, const QString& purpose);
+    void nameButton(QPushButton& button, const QString& name, const QString& purpose);
     void makeNumberControls();
+    void enableControls(bool enabled);
     void layOut();
     /// Runs one move; an error ends it.
     void attempt(const std::function<void()>& move);
     void recount();
-    void Command_MouseDown(Repeat& repeat, Qt::MouseButton mouseButton);
-    void Command_MouseUp(Repeat& repeat, Qt::MouseButton mouseButton);
     void Text1_Change();
     void Text1_KeyPress();
 
     RecFile& recFile_;
     RecordView& recordView_;
     RecordNumber currentRecord_ = 0;
-    Repeat next_;
-    Repeat previous_;
+    StepButton* Command1;
+    StepButton* Command2;
     QPushButton* Command3;
     QPushButton* Command5;
     QLineEdit* Text1;

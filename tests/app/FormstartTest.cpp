@@ -204,6 +204,7 @@ TEST_F(FormstartTest, AFileDroppedOnTheWindowIsOpened)
     QMimeData media;
     media.setUrls({QUrl::fromLocalFile(QString::fromStdString(name.string()))});
     drop(*form_, media, QPointF(50, 50));
+    QApplication::processEvents();
     EXPECT_EQ(caption("Label9"), QStringLiteral(" 4 "));
 }
 
