@@ -1,5 +1,6 @@
 #include "app/CliReport.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string_view>
@@ -19,13 +20,13 @@ std::string utf8(std::string_view ansi)
     return toUtf8(trim(ansi));
 }
 
-/// A value on one line: tabs and line ends print as blanks.
-std::string onOneLine(std::string_view value)
+/// A text for the terminal, without its trailing blanks: tabs, line ends and other control characters print
+/// as blanks.
+std::string onOneLine(std::string_view text)
 {
-    std::string line(rTrim(value));
-    for (char& c : line) {
-        if (c == '\t' || c == '\r' || c == '\n') c = ' ';
-    }
+    std::string line(rTrim(text));
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
     return toUtf8(line);
 }
 
@@ -88,7 +89,7 @@ std::string infoAsText(const RecFile& file)
             out << std::string(text.size() < width ? width - text.size() : 0, ' ') << text;
         };
         column(std::to_string(n), 4);
-        out << "  " << padded(utf8(fields.fieldName[i]), 10);
+        out << "  " << padded(onOneLine(trim(fields.fieldName[i])), 10);
         column(bareStr(val(fields.fieldType[i])), 6);
         column(std::to_string(fields.length(n)), 8);
         column(std::to_string(fields.fieldOffset[i] + 1), 8);
@@ -123,7 +124,7 @@ std::string recordAsText(const RecFile& file, RecordNumber number)
     for (int n = 1; n <= file.fieldCount(); ++n) {
         if (fields.length(n) == 0) continue;
         const auto i = static_cast<std::size_t>(n);
-        out << padded(utf8(fields.fieldName[i]), 12) << onOneLine(file.fieldValue(n)) << '\n';
+        out << padded(onOneLine(trim(fields.fieldName[i])), 12) << onOneLine(file.fieldValue(n)) << '\n';
     }
     return out.str();
 }

@@ -22,7 +22,8 @@ QSize FormCanvas::minimumSizeHint() const
 {
     QSize size = FormScale::smallestForm(mostHeight_);
     for (const Placed& placed : placed_) {
-        if (placed.units.width() == 0) size = size.expandedTo(QSize(placed.control->minimumSizeHint().width(), 0));
+        if (placed.units.width() == 0)
+            size = size.expandedTo(QSize(placed.control->minimumSizeHint().width(), 0));
     }
     return size;
 }
@@ -43,13 +44,6 @@ void FormCanvas::place(QWidget* control, const QRectF& units)
     }
     setMinimumSize(minimumSizeHint());
     apply({control, units});
-}
-
-QRectF FormCanvas::placeOf(const QWidget* control) const
-{
-    const auto found =
-        std::find_if(placed_.begin(), placed_.end(), [&](const Placed& p) { return p.control == control; });
-    return found == placed_.end() ? QRectF() : found->units;
 }
 
 void FormCanvas::apply(const Placed& placed) const

@@ -25,7 +25,6 @@ public:
     /// Stands `control`, a child of the canvas, at `units`. A width or height of 0 reaches to the canvas's
     /// edge.
     void place(QWidget* control, const QRectF& units);
-    QRectF placeOf(const QWidget* control) const;
 
     const FormScale& scale() const { return scale_; }
     /// Bounds the height of the whole form in pixels; 0 for no bound.

@@ -20,6 +20,7 @@
 #include "app/Messages.h"
 #include "app/PreferencesFrame.h"
 #include "app/TextFrame.h"
+#include "app/Utf8.h"
 #include "base/RuntimeError.h"
 #include "search/SearchStatus.h"
 #include "view/Colours.h"
@@ -49,11 +50,6 @@ constexpr QRectF kGuidePlace(3, 3, 84, 37);
 constexpr QRectF kLimitsPlace(40, 8, 56, 18);
 constexpr QRectF kVersionPlace(44, 12, 56, 11);
 constexpr QRectF kPreferencesPlace(78, 3, 44, 11);
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 bool isEpiDataCompatible(const FieldTable& fields)
 {
@@ -87,7 +83,7 @@ void Formstart::buildForm()
     canvas_->place(recordView_, kRecordPlace);
     canvas_->place(navigator_, kNavigatorPlace);
 
-    Label7 = new QLabel(text(messages::kInvitation), canvas_);
+    Label7 = new QLabel(fromUtf8Text(messages::kInvitation), canvas_);
     Label7->setObjectName(QStringLiteral("Label7"));
     Label7->setAlignment(Qt::AlignCenter);
     QFont large = Label7->font();
@@ -96,15 +92,15 @@ void Formstart::buildForm()
     canvas_->place(Label7, kInvitationPlace);
 
     Frame7 = addTextFrame(QStringLiteral("note"),
-                          new TextFrame(QStringLiteral("Frame7"), text(messages::kGuideFrame),
+                          new TextFrame(QStringLiteral("Frame7"), fromUtf8Text(messages::kGuideFrame),
                                         QStringLiteral("Text7"), guideText(), canvas_),
                           kGuidePlace);
     Frame5 = addTextFrame(QStringLiteral("limiti"),
-                          new TextFrame(QStringLiteral("Frame5"), text(messages::kLimitsFrame),
+                          new TextFrame(QStringLiteral("Frame5"), fromUtf8Text(messages::kLimitsFrame),
                                         QStringLiteral("Text6"), limitsText(), canvas_),
                           kLimitsPlace);
     Frame6 = addTextFrame(QStringLiteral("versione"),
-                          new TextFrame(QStringLiteral("Frame6"), text(messages::kVersionFrame),
+                          new TextFrame(QStringLiteral("Frame6"), fromUtf8Text(messages::kVersionFrame),
                                         QStringLiteral("versionText"), versionText(), canvas_),
                           kVersionPlace);
     Frame10 = new PreferencesFrame(canvas_);
@@ -148,7 +144,7 @@ void Formstart::connectMenus()
         {"versione", &Formstart::versione_Click},
     };
     for (const Handler& handler : kHandlers) {
-        QAction* action = &menuTree_.item(text(handler.menu));
+        QAction* action = &menuTree_.item(fromUtf8Text(handler.menu));
         connect(action, &QAction::triggered, this, [this, action, click = handler.click] {
             // Handlers invert the tick themselves; Qt has done so already.
             if (action->isCheckable()) action->toggle();
@@ -179,7 +175,7 @@ void Formstart::aprifile_Click()
 {
     const QString folder =
         recFile_.hasName() ? QFileInfo(recFile_.dataFileName().parent_path()).absoluteFilePath() : QString();
-    const QString name = dialogs_.openFile(text(messages::kOpenFilter), folder);
+    const QString name = dialogs_.openFile(fromUtf8Text(messages::kOpenFilter), folder);
     if (!name.isEmpty()) openFile(name);
 }
 
@@ -206,8 +202,8 @@ void Formstart::Form_Load()
     try {
         layOutFields();
         setCompatible(isEpiDataCompatible(recFile_.fields()));
-        recFile_.measure();
         Check1_Click();
+        recFile_.measure();
         navigator_->showCount();
         recordView_->showScrollBar(recFile_.fieldCount());
     } catch (const RuntimeError& error) {
@@ -253,7 +249,7 @@ void Formstart::showState()
 {
     const bool open = recFile_.hasName();
     Label7->setVisible(!open);
-    const QString program = text(messages::kProgram);
+    const QString program = fromUtf8Text(messages::kProgram);
     const QString file = open ? QFileInfo(recFile_.dataFileName()).fileName() : QString();
     setWindowTitle(open ? file + QStringLiteral(" - ") + program : program);
     menuTree_.setFileOpen(open);
@@ -273,7 +269,7 @@ void Formstart::cancella()
 
 void Formstart::preferenze_Click()
 {
-    Frame10->setVisible(toggle(QStringLiteral("preferenze")));
+    toggleFrame(QStringLiteral("preferenze"), Frame10);
     menuTree_.refresh();
     if (Frame10->isVisible()) Frame10->Check1->setFocus();
 }
@@ -343,7 +339,7 @@ void Formstart::Check3_Click()
     if (!Frame10->Check3->isChecked()) return;
     Frame10->Check4->setChecked(false);
     Frame10->Check4->setEnabled(false);
-    if (PrintMatrix_.empty()) dialogs_.message(BoxIcon::exclamation, text(messages::kEmptyMatrix));
+    if (PrintMatrix_.empty()) dialogs_.message(BoxIcon::exclamation, fromUtf8Text(messages::kEmptyMatrix));
 }
 
 void Formstart::Command3_Click()
@@ -356,7 +352,7 @@ void Formstart::Text2_Click(int index)
 {
     try {
         for (const ClickMode& mode : clickModes()) {
-            if (!mode.appliesTo([this](const char* menu) { return menuTree_.isTicked(text(menu)); }))
+            if (!mode.appliesTo([this](const char* menu) { return menuTree_.isTicked(fromUtf8Text(menu)); }))
                 continue;
             (selections_.*mode.list).append(index);
             recordView_->highlight(index, mode.box());
@@ -365,7 +361,7 @@ void Formstart::Text2_Click(int index)
             recordView_->setLabelColour(paletteColour(mode.formColour));
         }
     } catch (const RuntimeError&) {
-        // A list that is full takes no more fields; the click then changes nothing.
+        // A list that is full takes no more fields.
     }
 }
 
@@ -386,12 +382,12 @@ void Formstart::toggleFrame(const QString& menu, QWidget* frame)
 
 void Formstart::goToRecord(const QString& number)
 {
-    navigator_->typeNumber(number);
+    if (recFile_.hasName()) navigator_->typeNumber(number);
 }
 
 void Formstart::showError(const char* prefix, const RuntimeError& error)
 {
-    dialogs_.message(BoxIcon::critical, text(prefix) + text(error.description()));
+    dialogs_.message(BoxIcon::critical, fromUtf8Text(prefix) + fromUtf8Text(error.description()));
 }
 
 void Formstart::dragEnterEvent(QDragEnterEvent* event)

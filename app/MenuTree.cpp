@@ -8,15 +8,11 @@
 
 #include "app/MenuTable.h"
 #include "app/ModeTable.h"
+#include "app/Utf8.h"
 
 namespace quorvin {
 
 namespace {
-
-QString text(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 QString withAccessKey(const QString& caption, QChar key)
 {
@@ -36,8 +32,8 @@ MenuTree::MenuTree(QMenuBar& bar)
 
 void MenuTree::add(const MenuRow& row, QMenuBar& bar)
 {
-    const QString name = text(row.name);
-    QMenu* parent = menus_.value(text(row.parent));
+    const QString name = fromUtf8Text(row.name);
+    QMenu* parent = menus_.value(fromUtf8Text(row.parent));
     QAction* action = nullptr;
     if (row.kind == MenuKind::menu) {
         QMenu* menu = parent ? parent->addMenu(QString()) : bar.addMenu(QString());
@@ -49,7 +45,7 @@ void MenuTree::add(const MenuRow& row, QMenuBar& bar)
         action->setObjectName(name);
         action->setSeparator(row.kind == MenuKind::separator);
         action->setCheckable(row.tick != Tick::none);
-        action->setShortcut(QKeySequence::fromString(text(row.shortcut), QKeySequence::PortableText));
+        action->setShortcut(QKeySequence::fromString(fromUtf8Text(row.shortcut), QKeySequence::PortableText));
         // On some systems items named like these are moved to another menu.
         action->setMenuRole(QAction::NoRole);
     }
@@ -83,8 +79,8 @@ void MenuTree::reset()
 {
     for (const MenuRow& row : menuTable()) {
         if (row.kind == MenuKind::separator) continue;
-        const QString name = text(row.name);
-        setCaption(name, text(row.caption));
+        const QString name = fromUtf8Text(row.name);
+        setCaption(name, fromUtf8Text(row.caption));
         if (row.tick == Tick::on || row.tick == Tick::off) setTicked(name, row.tick == Tick::on);
     }
 }
@@ -99,12 +95,12 @@ void MenuTree::refresh()
 {
     QSet<QString> disabled;
     for (const ModeRow& mode : modeTable()) {
-        if (!isTicked(text(mode.name))) continue;
+        if (!isTicked(fromUtf8Text(mode.name))) continue;
         for (const std::string_view name : mode.disables)
-            disabled.insert(text(name));
+            disabled.insert(fromUtf8Text(name));
     }
     for (const MenuRow& row : menuTable()) {
-        const QString name = text(row.name);
+        const QString name = fromUtf8Text(row.name);
         const bool available = row.availability == Availability::always ||
                                (row.availability == Availability::withFile && fileOpen_);
         item(name).setEnabled(available && !disabled.contains(name));

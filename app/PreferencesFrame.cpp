@@ -1,7 +1,6 @@
 #include "app/PreferencesFrame.h"
 
 #include <QCheckBox>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "app/Messages.h"
@@ -26,14 +25,6 @@ QCheckBox* PreferencesFrame::addBox(const QString& name, const QString& caption)
     box->setObjectName(name);
     content()->addWidget(box);
     return box;
-}
-
-void PreferencesFrame::reset()
-{
-    for (QCheckBox* box : {Check1, Check2, Check3, Check4}) {
-        const QSignalBlocker silent(box);
-        box->setChecked(false);
-    }
 }
 
 }  // namespace quorvin

@@ -20,9 +20,6 @@ public:
     QCheckBox* Check3;  ///< "griglie campi selez."
     QCheckBox* Check4;  ///< "foglio Excel "
 
-    /// Unticks all without raising their clicks.
-    void reset();
-
 private:
     QCheckBox* addBox(const QString& name, const QString& caption);
 };

@@ -40,7 +40,6 @@ QStringList nameFilters(const QString& filter)
 void QtDialogs::message(BoxIcon icon, const QString& text)
 {
     QMessageBox box(iconOf(icon), QLatin1String(messages::kProgram), text, QMessageBox::Ok, window_);
-    // Descriptions may quote a file name; it must not be taken for markup.
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

@@ -62,8 +62,9 @@ int runShow(const Arguments& arguments)
     RecFile file;
     openRec(file, arguments.file);
     if (arguments.record < 1 || arguments.record > file.recordCount()) {
-        throw CliError{"Errore!! rekord " + std::to_string(arguments.record) +
-                       " inesistente, il file ne ha " + std::to_string(file.recordCount())};
+        throw CliError{messages::kError +
+                       ("rekord " + std::to_string(arguments.record) + " inesistente, il file ne ha " +
+                        std::to_string(file.recordCount()))};
     }
     file.seek(arguments.record);
     file.caricastring();

@@ -11,8 +11,11 @@
 
 #include "app/Formstart.h"
 #include "app/QtDialogs.h"
+#include "app/TerminalDialogs.h"
 
 namespace {
+
+constexpr int kFailed = 2;
 
 /// Size of a saved picture, whatever the screen.
 constexpr QSize kPictureSize(1024, 740);
@@ -38,13 +41,18 @@ void loadTranslation(QTranslator& translator)
     }
 }
 
-/// Saves a picture of the window as soon as it stands, and ends the program.
-void pictureAndQuit(quorvin::Formstart& form, const QString& picture)
+/// Saves a picture of the window as soon as it stands, and ends the program; it fails when a box would have
+/// come up.
+void pictureAndQuit(quorvin::Formstart& form, const quorvin::TerminalDialogs& dialogs, const QString& picture)
 {
-    QTimer::singleShot(0, &form, [&form, picture] {
+    QTimer::singleShot(0, &form, [&form, &dialogs, picture] {
+        if (dialogs.spoken()) {
+            QCoreApplication::exit(kFailed);
+            return;
+        }
         const bool saved = form.grab().save(picture);
         if (!saved) QTextStream(stderr) << QStringLiteral("impossibile scrivere ") << picture << Qt::endl;
-        QCoreApplication::exit(saved ? 0 : 1);
+        QCoreApplication::exit(saved ? 0 : kFailed);
     });
 }
 
@@ -75,13 +83,15 @@ int main(int argc, char** argv)
                                  QStringLiteral("[file]"));
     parser.process(application);
 
-    quorvin::QtDialogs dialogs;
-    quorvin::Formstart form(dialogs);
-    dialogs.setWindow(&form);
-    form.resize(parser.isSet(picture) ? kPictureSize : firstSize());
+    quorvin::QtDialogs boxes;
+    quorvin::TerminalDialogs terminal;
+    const bool unattended = parser.isSet(picture);
+    quorvin::Formstart form(unattended ? static_cast<quorvin::Dialogs&>(terminal) : boxes);
+    boxes.setWindow(&form);
+    form.resize(unattended ? kPictureSize : firstSize());
     form.show();
     if (!parser.positionalArguments().isEmpty()) form.openFile(parser.positionalArguments().constFirst());
     if (parser.isSet(record)) form.goToRecord(parser.value(record));
-    if (parser.isSet(picture)) pictureAndQuit(form, parser.value(picture));
+    if (unattended) pictureAndQuit(form, terminal, parser.value(picture));
     return QApplication::exec();
 }

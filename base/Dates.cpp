@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "base/Text.h"
+
 namespace quorvin {
 
 namespace {
@@ -12,7 +14,7 @@ std::optional<int> takeNumber(std::string_view& text, std::size_t fewest, std::s
 {
     std::size_t digits = 0;
     int value = 0;
-    while (digits < text.size() && digits <= most && text[digits] >= '0' && text[digits] <= '9') {
+    while (digits < text.size() && digits <= most && isDigit(text[digits])) {
         value = value * 10 + (text[digits] - '0');
         ++digits;
     }

@@ -18,7 +18,6 @@ namespace quorvin {
 namespace {
 
 using RawHandle = std::intptr_t;
-constexpr RawHandle kNoHandle = -1;
 
 #ifdef _WIN32
 
@@ -154,7 +153,7 @@ void InputFile::open(const std::filesystem::path& name)
 
 void InputFile::close() noexcept
 {
-    if (handle_ != kNone) closeRaw(std::exchange(handle_, kNoHandle));
+    if (handle_ != kNone) closeRaw(std::exchange(handle_, kNone));
 }
 
 std::int64_t InputFile::size() const

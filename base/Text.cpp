@@ -13,11 +13,6 @@ namespace {
 
 constexpr int kSignificantDigits = 15;
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 /// A number's decimal digits (no sign, no point, no trailing zeros) and how many of them stand before the
 /// point.
 struct Decimal {

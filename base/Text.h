@@ -9,6 +9,12 @@
 
 namespace quorvin {
 
+/// Whether `c` is one of 0 to 9, whatever the locale.
+constexpr bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
 /// The text without the blanks (code 32, nothing else) at its left, right, or both ends. Views into `text`.
 std::string_view lTrim(std::string_view text);
 std::string_view rTrim(std::string_view text);

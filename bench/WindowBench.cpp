@@ -66,7 +66,8 @@ BENCHMARK(windowStep)->Unit(benchmark::kMillisecond);
 void windowAnyRecord(benchmark::State& state)
 {
     Window window;
-    const auto count = window.form.findChild<QLabel*>(QStringLiteral("Label9"))->text().trimmed().toULongLong();
+    const auto count =
+        window.form.findChild<QLabel*>(QStringLiteral("Label9"))->text().trimmed().toULongLong();
     std::mt19937_64 random(1);
     for ([[maybe_unused]] auto _ : state) {
         window.form.goToRecord(QString::number(1 + random() % count));

@@ -1,6 +1,5 @@
 #include "rec/FieldTable.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "base/RuntimeError.h"
@@ -26,11 +25,6 @@ char at(std::string_view line, std::int64_t column)
 {
     return column <= static_cast<std::int64_t>(line.size()) ? line[static_cast<std::size_t>(column - 1)]
                                                             : ' ';
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
 }
 
 enum class Placement { inColumns, oneColumnLeft, undecided };

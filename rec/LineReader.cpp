@@ -1,8 +1,5 @@
 #include "rec/LineReader.h"
 
-#include <algorithm>
-#include <string_view>
-
 #include "base/RuntimeError.h"
 #include "rec/RecFormat.h"
 
@@ -11,6 +8,7 @@ namespace quorvin {
 namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{16} * 1024;
+constexpr char kLineEnders[] = {'\n', kEndOfText, '\0'};
 
 }  // namespace
 
@@ -32,39 +30,44 @@ bool LineReader::fill()
     return !block_.empty();
 }
 
-bool LineReader::atEnd()
+std::string_view LineReader::buffered() const
 {
-    return next_ >= block_.size() && !fill();
+    return std::string_view(block_.data(), block_.size()).substr(next_);
 }
 
-std::string LineReader::readLine()
+bool LineReader::atEnd()
 {
-    std::string line;
+    return (buffered().empty() && !fill()) || buffered().front() == kEndOfText;
+}
+
+TextLine LineReader::readLine(std::size_t keep)
+{
+    if (atEnd()) throw RuntimeError(ErrorNumber::inputPastEnd);
+    TextLine line;
+    char beforeLast = 0;
     lineEndBytes_ = 0;
-    bool anything = false;
-    for (;;) {
-        if (atEnd()) break;
-        const std::string_view rest(block_.data() + next_, block_.size() - next_);
-        const std::size_t length = std::min(rest.find('\n'), rest.find(kEndOfText));
-        line.append(rest.substr(0, length));
-        if (static_cast<std::int64_t>(line.size()) > kMaxLineLength)
-            throw RuntimeError(ErrorNumber::outOfMemory);
-        anything = anything || !line.empty();
-        if (length == std::string_view::npos) {
-            next_ = block_.size();
-            continue;
+    while (lineEndBytes_ == 0 && !atEnd()) {
+        const std::string_view rest = buffered();
+        const std::size_t end = rest.find_first_of(kLineEnders);
+        const std::string_view part = rest.substr(0, end);
+        if (line.text.size() < keep) line.text.append(part.substr(0, keep - line.text.size()));
+        if (!part.empty()) {
+            beforeLast = part.size() > 1 ? part[part.size() - 2] : line.last;
+            line.last = part.back();
         }
-        next_ += length;
-        if (rest[length] == kEndOfText) break;
-        ++next_;
-        lineEndBytes_ = 1;
-        anything = true;
-        break;
+        line.length += static_cast<std::int64_t>(part.size());
+        if (line.length > kMaxLineLength) throw RuntimeError(ErrorNumber::outOfMemory);
+        next_ += part.size();
+        if (end != std::string_view::npos && rest[end] == '\n') {
+            ++next_;
+            lineEndBytes_ = 1;
+        }
     }
-    if (!anything) throw RuntimeError(ErrorNumber::inputPastEnd);
-    if (lineEndBytes_ == 1 && line.ends_with('\r')) {
-        line.pop_back();
+    if (lineEndBytes_ == 1 && line.last == '\r') {
         lineEndBytes_ = 2;
+        --line.length;
+        line.last = beforeLast;
+        if (line.text.size() > static_cast<std::size_t>(line.length)) line.text.pop_back();
     }
     return line;
 }

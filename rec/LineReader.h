@@ -3,11 +3,19 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/InputFile.h"
 
 namespace quorvin {
+
+/// One line of a text file, without its line end.
+struct TextLine {
+    std::string text;         ///< its first characters, as many as were asked for
+    std::int64_t length = 0;  ///< of the whole line
+    char last = 0;            ///< last character of the whole line, 0 when it is empty
+};
 
 /// Lines end at LF; one CR before it is dropped. Byte 26 (Ctrl-Z) ends the text where it stands.
 /// Positions are 1-based byte positions in the file.
@@ -23,18 +31,20 @@ public:
     /// Where the next read begins.
     std::int64_t position() const { return blockStart_ + static_cast<std::int64_t>(next_); }
 
-    /// The next line without its line end. The last line of the file needs none.
-    /// Raises RuntimeError 62 at the end of the file or of the text, 7 for a line longer than kMaxLineLength.
-    std::string readLine();
+    /// The next line, of which the first `keep` characters are kept. The last line of the file needs no line
+    /// end. Raises RuntimeError 62 at the end of the file or of the text, 7 for a line longer than
+    /// kMaxLineLength.
+    TextLine readLine(std::size_t keep);
 
     /// Bytes of the line end that the last line had: 2, 1, or 0 when the file ended.
     int lineEndBytes() const { return lineEndBytes_; }
 
-    /// Whether nothing follows the position.
+    /// Whether the file or the text ends at the position.
     bool atEnd();
 
 private:
     bool fill();
+    std::string_view buffered() const;
 
     const InputFile& file_;
     std::vector<char> block_;

@@ -62,7 +62,7 @@ void RecFile::open(const std::filesystem::path& name)
     RecFileStem_ = stemOf(name);
     file_.open(name);
 
-    const std::string line = reader_.readLine();
+    const std::string line = reader_.readLine(kMaxDefinition).text;
     if (reader_.lineEndBytes() == 1) lineEndBytes_ = 1;
 
     // The header's first item ends at a comma; what follows it is then the first definition line.
@@ -82,7 +82,7 @@ void RecFile::readDefinitions()
     try {
         // One line more than there may be fields is enough to raise the error of too many.
         for (int i = 1; i <= announcedFields_ && i <= kMaxFields + 1; ++i)
-            lines.push_back(reader_.readLine());
+            lines.push_back(reader_.readLine(kMaxDefinition).text);
     } catch (const RuntimeError&) {
         fields_.addFields(lines);
         throw;
@@ -99,7 +99,7 @@ void RecFile::measure()
 
     std::int64_t bytes = 0;
     for (int line = 0; line < linesPerRecord_; ++line)
-        bytes += static_cast<std::int64_t>(reader_.readLine().size()) + lineEndBytes_;
+        bytes += reader_.readLine(0).length + lineEndBytes_;
     recordBytes_ = bytes;
     count();
 }
@@ -136,10 +136,9 @@ void RecFile::caricastring()
     std::string text;
     char mark = 0;
     for (int j = 0; j < linesPerRecord_; ++j) {
-        const std::string line = reader_.readLine();
-        const std::string_view data = std::string_view(line).substr(0, kLineWidth);
-        text += impostMaiusc ? upper(data) : std::string(data);
-        mark = line.empty() ? '\0' : line.back();
+        const TextLine line = reader_.readLine(kLineWidth);
+        text += impostMaiusc ? upper(line.text) : line.text;
+        mark = line.last;
     }
     recordText_ = std::move(text);
     lastMark_ = mark;

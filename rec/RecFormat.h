@@ -30,6 +30,10 @@ inline constexpr char kEndOfText = '\x1A';
 /// Longest line that is read; data that is no REC file may go on for gigabytes without a line end.
 inline constexpr std::int64_t kMaxLineLength = std::int64_t{1} << 20;
 
+/// Characters of a definition line that are kept; the question, its last item, is far shorter in any real
+/// file.
+inline constexpr std::size_t kMaxDefinition = 1024;
+
 /// First column (1-based) and width of an item in a field-definition line.
 struct ItemColumns {
     std::int64_t first;
@@ -46,6 +50,6 @@ inline constexpr ItemColumns kFieldYColumns{30, 3};
 inline constexpr ItemColumns kFieldTypeColumns{34, 3};
 inline constexpr ItemColumns kFieldLengthColumns{38, 3};
 inline constexpr ItemColumns kFieldColourColumns{42, 3};
-inline constexpr ItemColumns kQuestionTextColumns{46, kMaxLineLength};
+inline constexpr ItemColumns kQuestionTextColumns{46, kMaxDefinition};
 
 }  // namespace quorvin

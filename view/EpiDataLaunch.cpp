@@ -20,7 +20,7 @@ constexpr const char* kProgramVariable = "QUORVIN_EPIDATA";
 QString epiDataProgram()
 {
     const QString other = qEnvironmentVariable(kProgramVariable);
-    return other.isEmpty() ? QStringLiteral("C:\\Programmi\\EpiData\\EpiData.exe ").trimmed() : other;
+    return other.isEmpty() ? QStringLiteral("C:\\Programmi\\EpiData\\EpiData.exe") : other;
 }
 
 QString nativeText(const std::filesystem::path& name)

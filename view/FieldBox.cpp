@@ -19,7 +19,15 @@ constexpr qsizetype kMaxTyped = 500;
 FieldBox::FieldBox(QWidget* parent) : QLineEdit(parent)
 {
     setFrame(false);
-    setMaxLength(kMaxTyped);
+    setMaxLength(static_cast<int>(kMaxTyped));
+    // What the user changes is a search text, also where it was a long value before.
+    connect(this, &QLineEdit::textEdited, this, [this] { setMaxLength(static_cast<int>(kMaxTyped)); });
+}
+
+void FieldBox::empty()
+{
+    clear();
+    setMaxLength(static_cast<int>(kMaxTyped));
 }
 
 void FieldBox::showValue(const QString& value)

@@ -15,6 +15,8 @@ public:
 
     /// Shows a value whole, also one longer than what may be typed, from its first character on.
     void showValue(const QString& value);
+    /// Takes the value away, and with it the room that it needed beyond what may be typed.
+    void empty();
 
 signals:
     void clicked();

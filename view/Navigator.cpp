@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QSlider>
 #include <cmath>
 
 #include "base/RuntimeError.h"
@@ -74,7 +75,7 @@ void Navigator::makeNumberControls()
     QFont bold = Label14->font();
     bold.setBold(true);
     Label14->setFont(bold);
-    Label14->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(kNoRecord));
+    Label14->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(QStringLiteral("0000000000")));
     Label14->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     Text1 = new QLineEdit(this);
@@ -90,6 +91,7 @@ void Navigator::makeNumberControls()
     Label9 = new QLabel(this);
     Label9->setObjectName(QStringLiteral("Label9"));
     Label9->setAccessibleName(QStringLiteral("numero dei rekord"));
+    Label9->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral(" 000000000 ")));
 }
 
 void Navigator::layOut()
@@ -106,12 +108,21 @@ void Navigator::layOut()
         layout->addWidget(control);
     layout->addStretch();
     layout->addWidget(Command5);
+    setTabOrder(Command2, Command1);
+    setTabOrder(Command1, Command3);
+    setTabOrder(Command3, Text1);
 }
 
 void Navigator::insertTools(QWidget* tools)
 {
     auto* row = static_cast<QHBoxLayout*>(layout());
     row->insertWidget(row->count() - 1, tools);
+    QWidget* before = Text1;
+    for (QSlider* tool : tools->findChildren<QSlider*>()) {
+        setTabOrder(before, tool);
+        before = tool;
+    }
+    setTabOrder(before, Command5);
 }
 
 void Navigator::reset()
@@ -165,6 +176,8 @@ void Navigator::recount()
 
 void Navigator::attempt(const std::function<void()>& move)
 {
+    // Without a record to move to there is nothing to say either.
+    if (recFile_.recordBytes() == 0) return;
     try {
         move();
     } catch (const RuntimeError& error) {
@@ -216,7 +229,7 @@ void Navigator::Text1_Change()
             Text1->setText(QString::number(recFile_.recordCount()));
             return;
         }
-        showRecord(static_cast<RecordNumber>(number));
+        showRecord(static_cast<RecordNumber>(number), Text1->text());
     });
 }
 
@@ -227,30 +240,40 @@ void Navigator::Text1_KeyPress()
 
 void Navigator::showRecord(RecordNumber n)
 {
-    currentRecord_ = n;
     const QString number = QString::number(n);
-    Label14->setText(number);
-    if (val(toAnsi(Text1->text())) != static_cast<double>(n)) {
+    {
         const QSignalBlocker silent(Text1);
         Text1->setText(number);
     }
+    showRecord(n, number);
+}
+
+void Navigator::showRecord(RecordNumber n, const QString& caption)
+{
+    currentRecord_ = n;
+    Label14->setText(caption);
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
-    clipboard->setText(number);
+    clipboard->setText(QString::number(n));
     try {
         recFile_.seek(n);
         caricarekord();
     } catch (const RuntimeError&) {
         recordView_.azzeravar();
+        showSignal(false);
         throw;
     }
+}
+
+void Navigator::showSignal(bool deleted)
+{
+    paintWidget(*Command3, {deleted ? paletteColour(kYellow) : systemColour0(), Qt::black});
 }
 
 void Navigator::caricarekord()
 {
     recFile_.caricastring();
-    const QColor signal = recFile_.isDeleted() ? paletteColour(kYellow) : systemColour0();
-    paintWidget(*Command3, {signal, Qt::black});
+    showSignal(recFile_.isDeleted());
     for (int k = 1; k <= recFile_.fieldCount(); ++k)
         recordView_.setValue(k, fromAnsi(recFile_.fieldValue(k)));
 }

@@ -29,7 +29,8 @@ public:
     /// Record on show, 1-based; 0 before the first one.
     RecordNumber currentRecord() const { return currentRecord_; }
 
-    /// Puts a number on the clipboard and shows it and its record. Raises what reading raises.
+    /// Puts a number on the clipboard and shows it and its record. Raises what reading raises; the boxes are
+    /// then empty.
     void showRecord(RecordNumber n);
     /// Reads the record at the reading position and fills the boxes. Raises what reading raises; the boxes
     /// are then empty.
@@ -64,6 +65,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void showRecord(RecordNumber n, const QString& caption);
+    void showSignal(bool deleted);
     void nameButton(QPushButton& button, const QString& name, const QString& purpose);
     void makeNumberControls();
     void enableControls(bool enabled);

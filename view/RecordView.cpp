@@ -121,7 +121,7 @@ void RecordView::layOutField(const FieldTable& fields, int n)
     const QString question = fromAnsi(fields.questionText[i]);
     f.Label2->setText(fromAnsi(rTrim(fields.questionText[i])).left(kMostCaption));
     f.Label2->show();
-    f.Text2->clear();
+    f.Text2->empty();
     f.Text2->setEnabled(true);
     const QString name = fromAnsi(trim(fields.fieldName[i]));
     f.Text2->setAccessibleName(question.trimmed().isEmpty() ? name : question.trimmed());
@@ -137,11 +137,12 @@ void RecordView::hideFields()
     for (int n = 1; n <= fieldCount_; ++n) {
         field(n).Label2->hide();
         field(n).Text2->hide();
-        field(n).Text2->clear();
+        field(n).Text2->empty();
         field(n).highlight.reset();
     }
     fieldCount_ = 0;
     labelColour_ = QColor();
+    lift_ = 0;
     Slider1->setValue(0);
     Slider2->setValue(kSpacingNormal);
     VScroll1->setValue(0);
@@ -186,7 +187,7 @@ void RecordView::setValue(int n, const QString& value)
 void RecordView::azzeravar()
 {
     for (int n = 1; n <= fieldCount_; ++n) {
-        field(n).Text2->clear();
+        field(n).Text2->empty();
         field(n).Text2->setEnabled(true);
     }
 }
@@ -209,7 +210,7 @@ void RecordView::VScroll1_Change()
 /// Line of the form at which something of line `y` of the file stands.
 double RecordView::lineOf(double y) const
 {
-    return Slider2->value() / 100.0 * y - VScroll1->value() + kTopLines;
+    return Slider2->value() / 100.0 * y - VScroll1->value() - lift_ + kTopLines;
 }
 
 void RecordView::place(const Field& f)
@@ -291,13 +292,9 @@ void RecordView::resizeEvent(QResizeEvent* event)
 
 void RecordView::wheelEvent(QWheelEvent* event)
 {
-    if (VScroll1->isHidden()) {
-        event->ignore();
-        return;
-    }
     constexpr int kUnitsPerNotch = 120;
     constexpr int kLinesPerNotch = 3;
-    VScroll1->setValue(VScroll1->value() - event->angleDelta().y() * kLinesPerNotch / kUnitsPerNotch);
+    scrollBy(-event->angleDelta().y() * kLinesPerNotch / kUnitsPerNotch);
     event->accept();
 }
 
@@ -312,12 +309,39 @@ bool RecordView::eventFilter(QObject* watched, QEvent* event)
 /// Brings a box that received the focus into sight.
 void RecordView::scrollTo(const QWidget& box)
 {
-    if (VScroll1->isHidden()) return;
     const int line = scale_.lineHeight();
     int lines = 0;
     if (box.y() < 0) lines = (box.y() - line + 1) / line;
     if (box.geometry().bottom() >= height()) lines = (box.geometry().bottom() - height() + line) / line;
-    if (lines != 0) VScroll1->setValue(VScroll1->value() + lines);
+    if (lines != 0) scrollBy(lines);
+}
+
+/// Moves the fields up by `lines`, or down when negative: by the scroll bar as far as it goes, and beyond it
+/// by as much as the lowest field needs. So every field can be reached, whatever lines the file gives it.
+void RecordView::scrollBy(int lines)
+{
+    if (lines < 0) {
+        const int back = std::min(lift_, -lines);
+        lift_ -= back;
+        lines += back;
+    }
+    if (!VScroll1->isHidden()) {
+        const int before = VScroll1->value();
+        VScroll1->setValue(before + lines);
+        lines -= VScroll1->value() - before;
+    }
+    if (lines > 0) lift_ = std::min(lift_ + lines, lowestLift());
+    placeAll();
+}
+
+/// The lift at which the lowest field stands at the view's foot; the lift now when it stands higher.
+int RecordView::lowestLift() const
+{
+    int lowest = 0;
+    for (int n = 1; n <= fieldCount_; ++n)
+        lowest = std::max(lowest, field(n).Text2->geometry().bottom());
+    const int line = scale_.lineHeight();
+    return lift_ + std::max(0, (lowest - height() + line) / line);
 }
 
 }  // namespace quorvin

@@ -96,12 +96,15 @@ private:
     void paint(const Field& field) const;
     void paintAll() const;
     void scrollTo(const QWidget& box);
+    void scrollBy(int lines);
+    int lowestLift() const;
     Field& field(int n) { return fields_[static_cast<std::size_t>(n)]; }
     const Field& field(int n) const { return fields_[static_cast<std::size_t>(n)]; }
 
     std::array<Field, kFieldSlots> fields_;
     int fieldCount_ = 0;
     bool fileColours_ = false;
+    int lift_ = 0;  ///< lines that the fields are moved up beyond what VScroll1 does
     QColor labelColour_;
     FormScale scale_;
     QWidget* scaleBar_;

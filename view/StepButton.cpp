@@ -2,7 +2,6 @@
 
 #include <QMouseEvent>
 #include <QTimer>
-#include <utility>
 
 namespace quorvin {
 
@@ -25,7 +24,7 @@ StepButton::StepButton(const QString& caption, const QString& timerName, QWidget
         emit stepped();
     });
     connect(this, &QPushButton::clicked, this, [this] {
-        if (!std::exchange(steppedWhileHeld_, false)) emit stepped();
+        if (!steppedWhileHeld_) emit stepped();
     });
 }
 
@@ -33,6 +32,24 @@ void StepButton::stopRepeating()
 {
     timer_->stop();
     timer_->setInterval(kRestInterval);
+    steppedWhileHeld_ = false;
+}
+
+bool StepButton::event(QEvent* event)
+{
+    // A box that opens, another window or a disabled button: the release of the mouse button will not be seen
+    // here.
+    switch (event->type()) {
+    case QEvent::WindowBlocked:
+    case QEvent::WindowDeactivate:
+    case QEvent::EnabledChange:
+    case QEvent::Hide:
+        stopRepeating();
+        break;
+    default:
+        break;
+    }
+    return QPushButton::event(event);
 }
 
 void StepButton::mousePressEvent(QMouseEvent* event)
@@ -41,14 +58,14 @@ void StepButton::mousePressEvent(QMouseEvent* event)
         steppedWhileHeld_ = false;
         timer_->start(kRepeatInterval);
     }
-    if (event->button() == Qt::RightButton) emit rightPressed();
     QPushButton::mousePressEvent(event);
+    if (event->button() == Qt::RightButton) emit rightPressed();
 }
 
 void StepButton::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) stopRepeating();
     QPushButton::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton) stopRepeating();
 }
 
 }  // namespace quorvin

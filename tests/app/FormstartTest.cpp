@@ -142,6 +142,15 @@ TEST_F(FormstartTest, PreferencesDisableTheirMenusAndGiveThemBack)
     EXPECT_EQ(enabledItems(), before);
 }
 
+TEST_F(FormstartTest, TheFrameOpenedLastStandsInFront)
+{
+    open(test::rec({{}}).records(1));
+    for (const char* menu : {"preferenze", "preferenze", "note", "preferenze"})
+        choose(menu);
+    QWidget& box = control("Check1");
+    EXPECT_EQ(form_->childAt(box.mapTo(form_.get(), QPoint(8, box.height() / 2))), &box);
+}
+
 TEST_F(FormstartTest, TheGridPreferenceWarnsOfAnEmptyMatrix)
 {
     open(test::rec({{}}).records(1));

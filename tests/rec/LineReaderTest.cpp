@@ -11,6 +11,8 @@
 namespace quorvin {
 namespace {
 
+constexpr std::size_t kAll = SIZE_MAX;
+
 class LineReaderTest : public testing::Test {
 protected:
     LineReader& read(const std::string& bytes)
@@ -45,8 +47,28 @@ TEST_F(LineReaderTest, LineEnds)
          }) {
         LineReader& reader = read(c.bytes);
         for (const std::string& line : c.lines)
-            EXPECT_EQ(reader.readLine(), line) << c.name;
-        EXPECT_EQ(test::errorOf([&] { reader.readLine(); }), 62) << c.name;
+            EXPECT_EQ(reader.readLine(kAll).text, line) << c.name;
+        EXPECT_EQ(test::errorOf([&] { reader.readLine(kAll); }), 62) << c.name;
+    }
+}
+
+TEST_F(LineReaderTest, OnlyTheBeginningIsKept)
+{
+    struct Case {
+        const char* bytes;
+        std::size_t keep;
+        const char* text;
+        std::int64_t length;
+        char last;
+    };
+    for (const Case& c :
+         {Case{"abcd?\r\n", 4, "abcd", 5, '?'}, Case{"abcd?\r\n", 5, "abcd?", 5, '?'},
+          Case{"abcd?\r\n", 6, "abcd?", 5, '?'}, Case{"abcd?\n", 0, "", 5, '?'},
+          Case{"a\r\n", 1, "a", 1, 'a'}, Case{"\r\n", 1, "", 0, '\0'}, Case{"\n", 1, "", 0, '\0'}}) {
+        const TextLine line = read(c.bytes).readLine(c.keep);
+        EXPECT_EQ(line.text, c.text) << c.bytes << c.keep;
+        EXPECT_EQ(line.length, c.length) << c.bytes << c.keep;
+        EXPECT_EQ(line.last, c.last) << c.bytes << c.keep;
     }
 }
 
@@ -55,21 +77,21 @@ TEST_F(LineReaderTest, LinesAcrossBlocksAndPositions)
     // Around every likely block size, so that CR and LF fall into different blocks once.
     for (std::size_t length = 16380; length <= 16386; ++length) {
         LineReader& reader = read(std::string(length, 'x') + "\r\nsecond\r\n");
-        EXPECT_EQ(reader.readLine().size(), length);
+        EXPECT_EQ(reader.readLine(kAll).length, static_cast<std::int64_t>(length));
         EXPECT_EQ(reader.lineEndBytes(), 2);
         EXPECT_EQ(reader.position(), static_cast<std::int64_t>(length) + 3);
-        EXPECT_EQ(reader.readLine(), "second");
+        EXPECT_EQ(reader.readLine(kAll).text, "second");
         reader.seek(static_cast<std::int64_t>(length));
-        EXPECT_EQ(reader.readLine(), "x");
+        EXPECT_EQ(reader.readLine(kAll).text, "x");
     }
 }
 
 TEST_F(LineReaderTest, EndlessLinesAreRefused)
 {
     const auto most = static_cast<std::size_t>(kMaxLineLength);
-    EXPECT_EQ(read(std::string(most, '\0') + "\n").readLine().size(), most);
+    EXPECT_EQ(read(std::string(most, '\0') + "\n").readLine(0).length, kMaxLineLength);
     LineReader& reader = read(std::string(most + 1, '\0'));
-    EXPECT_EQ(test::errorOf([&] { reader.readLine(); }), 7);
+    EXPECT_EQ(test::errorOf([&] { reader.readLine(kAll); }), 7);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -61,13 +62,16 @@ TEST_F(NavigatorTest, TypedNumbers)
         const char* typed;
         const char* left;
         const char* shown;
+        const char* caption;
     };
-    for (const Case& c : {Case{"5", "5", "r5   "}, Case{"0", "0", "r5   "}, Case{"-3", "-3", "r5   "},
-                          Case{"abc", "abc", "r5   "}, Case{"99", "12", "r12  "}, Case{"12", "12", "r12  "},
-                          Case{"99999999999999999999", "12", "r12  "}, Case{"07", "07", "r7   "}}) {
+    for (const Case& c :
+         {Case{"5", "5", "r5   ", "5"}, Case{"0", "0", "r5   ", "5"}, Case{"-3", "-3", "r5   ", "5"},
+          Case{"abc", "abc", "r5   ", "5"}, Case{"99", "12", "r12  ", "12"},
+          Case{"99999999999999999999", "12", "r12  ", "12"}, Case{"07", "07", "r7   ", "07"}}) {
         type("Text1", QString::fromLatin1(c.typed));
         EXPECT_EQ(control<QLineEdit>("Text1").text().toStdString(), c.left) << c.typed;
         EXPECT_EQ(value(1).toStdString(), c.shown) << c.typed;
+        EXPECT_EQ(caption("Label14").toStdString(), c.caption) << c.typed;
     }
     control<QLineEdit>("Text1").setText(QStringLiteral("2.5"));
     EXPECT_EQ(value(1), QStringLiteral("r7   "));
@@ -81,6 +85,16 @@ TEST_F(NavigatorTest, DeletedRecordsShowTheSignal)
     click("Command1");
     EXPECT_EQ(background("Command3"), kYellow);
     click("Command1");
+    EXPECT_EQ(background("Command3"), kNotDeleted);
+}
+
+TEST_F(NavigatorTest, AFailedReadLeavesNothingOfTheRecordBefore)
+{
+    open(test::rec({{}}).record({"a"}, '?').record({"\x1A"}));
+    click("Command1");
+    click("Command1");
+    EXPECT_EQ(caption("Label14"), QStringLiteral("2"));
+    EXPECT_EQ(value(1), QString());
     EXPECT_EQ(background("Command3"), kNotDeleted);
 }
 
@@ -121,6 +135,29 @@ TEST_F(NavigatorTest, AHeldButtonRepeats)
     EXPECT_EQ(timer.interval(), 500);
     click("Command1");
     EXPECT_EQ(caption("Label14").toInt(), reached.toInt() + 1);
+}
+
+TEST_F(NavigatorTest, AHoldEndsWhateverHappensToTheRelease)
+{
+    open(test::rec({{}}).records(1000));
+    auto& next = control<QPushButton>("Command1");
+    const auto& timer = control<QTimer>("Timer1");
+    const auto hold = [&](const char* record) {
+        QTest::mousePress(&next, Qt::LeftButton);
+        return QTest::qWaitFor([&] { return caption("Label14") == QString::fromLatin1(record); }, 5000);
+    };
+    ASSERT_TRUE(hold("2"));
+    QTest::mouseRelease(&next, Qt::LeftButton, Qt::NoModifier, QPoint(-50, 0));
+    QTest::keyClick(&control("Text2(1)"), Qt::Key_PageDown);
+    EXPECT_EQ(caption("Label14"), QStringLiteral("3"))
+        << "the next step counts, though the hold ended off the button";
+
+    ASSERT_TRUE(hold("5"));
+    QDialog box(form_.get());
+    QTimer::singleShot(0, &box, &QDialog::reject);
+    box.exec();
+    EXPECT_FALSE(timer.isActive()) << "a box that opens ends the hold";
+    QTest::mouseRelease(&next, Qt::LeftButton);
 }
 
 TEST_F(NavigatorTest, EpiDataIsStartedWithTheFile)

@@ -79,14 +79,25 @@ TEST_F(RecordViewTest, TheScrollBarComesWithTheTwentyThirdField)
 
 TEST_F(RecordViewTest, TheFocusBringsAFieldIntoSight)
 {
-    std::vector<test::FieldSpec> fields;
-    for (int n = 1; n <= 60; ++n)
-        fields.push_back({.length = 1, .questionY = n, .fieldY = n});
-    open(test::rec(fields).record({}));
-    control("Text2(60)").setFocus();
-    EXPECT_TRUE(control("Text2(60)").parentWidget()->rect().contains(control("Text2(60)").geometry()));
-    control("Text2(1)").setFocus();
-    EXPECT_TRUE(control("Text2(1)").parentWidget()->rect().contains(control("Text2(1)").geometry()));
+    struct Case {
+        int fields;
+        int linesApart;
+        int spacing;
+    };
+    for (const Case& c : {Case{60, 1, 100}, Case{60, 1, 200}, Case{22, 4, 100}, Case{3, 30, 200}}) {
+        std::vector<test::FieldSpec> fields;
+        for (int n = 1; n <= c.fields; ++n)
+            fields.push_back({.length = 1, .questionY = n * c.linesApart, .fieldY = n * c.linesApart});
+        open(test::rec(fields).record({}));
+        setSlider("Slider2", c.spacing);
+        for (const int n : {c.fields, 1, c.fields / 2, c.fields}) {
+            QWidget& box = control(qPrintable(QStringLiteral("Text2(%1)").arg(n)));
+            form_->setFocus();
+            box.setFocus();
+            EXPECT_TRUE(box.parentWidget()->rect().contains(box.geometry()))
+                << c.fields << " fields, number " << n;
+        }
+    }
 }
 
 TEST_F(RecordViewTest, TheTabKeyGoesByFieldNumber)
@@ -106,6 +117,13 @@ TEST_F(RecordViewTest, BoxesTakeLongSearchTextsAndShowLongValues)
     EXPECT_EQ(value(1).size(), 500);
     click("Command1");
     EXPECT_EQ(value(2).size(), 999);
+    QTest::keyClick(&control("Text2(2)"), Qt::Key_End);
+    QTest::keyClick(&control("Text2(2)"), Qt::Key_Backspace);
+    EXPECT_EQ(value(2).size(), 500) << "once it is changed it is a search text";
+    click("Command1");
+    click("Command3");
+    type("Text2(2)", QString(501, QLatin1Char('y')));
+    EXPECT_EQ(value(2).size(), 500);
 }
 
 TEST_F(RecordViewTest, ColoursOfTheFile)
