@@ -11,7 +11,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
-#include <new>
+#include <exception>
 
 #include "app/BuiltInTexts.h"
 #include "app/ClickModes.h"
@@ -184,7 +184,8 @@ void Formstart::openFile(const QString& name)
     try {
         resetta();
         recFile_.open(QFileInfo(name).filesystemAbsoluteFilePath());
-    } catch (const RuntimeError& error) {
+    } catch (const std::exception&) {
+        const RuntimeError error = currentError();
         recFile_.reset();
         showState();
         showError(messages::kError, error);
@@ -206,12 +207,10 @@ void Formstart::Form_Load()
         recFile_.measure();
         navigator_->showCount();
         recordView_->showScrollBar(recFile_.fieldCount());
-    } catch (const RuntimeError& error) {
+    } catch (const std::exception&) {
+        const RuntimeError error = currentError();
         recFile_.close();
         showError(messages::kFileError, error);
-    } catch (const std::bad_alloc&) {
-        recFile_.close();
-        showError(messages::kFileError, RuntimeError(ErrorNumber::outOfMemory));
     }
 }
 
@@ -224,7 +223,7 @@ void Formstart::layOutFields()
     };
     try {
         recFile_.readDefinitions();
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         layOut();
         throw;
     }
@@ -307,8 +306,8 @@ void Formstart::EpiData_Click()
     try {
         recFile_.close();
         launchEpiData(recFile_.dataFileName());
-    } catch (const RuntimeError& error) {
-        showError(messages::kFileError, error);
+    } catch (const std::exception&) {
+        showError(messages::kFileError, currentError());
     }
 }
 

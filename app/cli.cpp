@@ -6,7 +6,6 @@
 #include <exception>
 #include <iostream>
 #include <memory>
-#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,8 +37,8 @@ void openRec(RecFile& file, const std::string& name)
         prefix = messages::kFileError;
         file.readDefinitions();
         file.measure();
-    } catch (const RuntimeError& error) {
-        throw CliError{prefix + std::string(error.description())};
+    } catch (const std::exception&) {
+        throw CliError{prefix + std::string(currentError().description())};
     }
 }
 
@@ -150,12 +149,8 @@ int main(int argc, char** argv)
         std::cerr << RuntimeError(ErrorNumber::deviceError).description() << '\n';
     } catch (const CliError& error) {
         std::cerr << error.text << '\n';
-    } catch (const RuntimeError& error) {
-        std::cerr << messages::kError << error.description() << '\n';
-    } catch (const std::bad_alloc&) {
-        std::cerr << messages::kError << RuntimeError(ErrorNumber::outOfMemory).description() << '\n';
-    } catch (const std::exception& error) {
-        std::cerr << messages::kError << error.what() << '\n';
+    } catch (const std::exception&) {
+        std::cerr << messages::kError << currentError().description() << '\n';
     }
     return kError;
 }

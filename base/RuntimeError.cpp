@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cerrno>
+#include <filesystem>
+#include <new>
 
 namespace quorvin {
 
@@ -35,6 +37,21 @@ const char* RuntimeError::description() const
         if (entry.number == number_) return entry.text;
     }
     return "";
+}
+
+RuntimeError currentError()
+{
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return RuntimeError(ErrorNumber::outOfMemory);
+    } catch (const std::filesystem::filesystem_error& error) {
+        return fileError(error.code().default_error_condition().value());
+    } catch (const std::exception&) {
+        return RuntimeError(ErrorNumber::deviceError);
+    }
 }
 
 RuntimeError fileError(int errnoValue)

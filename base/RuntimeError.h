@@ -35,6 +35,10 @@ private:
     ErrorNumber number_;
 };
 
+/// The exception being handled, as a RuntimeError: failed allocations and file-system errors of the library
+/// become theirs, anything else 57. To be called within a catch block.
+RuntimeError currentError();
+
 /// The error for a failed file-system call, from its `errno` value.
 RuntimeError fileError(int errnoValue);
 

@@ -83,7 +83,7 @@ void RecFile::readDefinitions()
         // One line more than there may be fields is enough to raise the error of too many.
         for (int i = 1; i <= announcedFields_ && i <= kMaxFields + 1; ++i)
             lines.push_back(reader_.readLine(kMaxDefinition).text);
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         fields_.addFields(lines);
         throw;
     }

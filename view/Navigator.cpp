@@ -180,8 +180,8 @@ void Navigator::attempt(const std::function<void()>& move)
     if (recFile_.recordBytes() == 0) return;
     try {
         move();
-    } catch (const RuntimeError& error) {
-        emit moveFailed(QString::fromLatin1(error.description()));
+    } catch (const std::exception&) {
+        emit moveFailed(QString::fromLatin1(currentError().description()));
     }
 }
 
@@ -258,7 +258,7 @@ void Navigator::showRecord(RecordNumber n, const QString& caption)
     try {
         recFile_.seek(n);
         caricarekord();
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         recordView_.azzeravar();
         showSignal(false);
         throw;
