@@ -95,6 +95,9 @@ void FormCanvas::keyPressEvent(QKeyEvent* event)
     case Qt::Key_PageUp:
         emit previousRequested();
         break;
+    case Qt::Key_Escape:
+        emit escapePressed();
+        break;
     default:
         QWidget::keyPressEvent(event);
     }

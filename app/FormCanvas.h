@@ -41,6 +41,8 @@ signals:
     /// Page Down and Page Up, where no control has its own use for them.
     void nextRequested();
     void previousRequested();
+    /// Esc, likewise.
+    void escapePressed();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -158,6 +158,7 @@ void Formstart::connectParts()
     connect(canvas_, &FormCanvas::scaleChanged, recordView_, &RecordView::setScale);
     connect(canvas_, &FormCanvas::nextRequested, navigator_, &Navigator::pressNext);
     connect(canvas_, &FormCanvas::previousRequested, navigator_, &Navigator::pressPrevious);
+    connect(canvas_, &FormCanvas::escapePressed, this, &Formstart::closeTopFrame);
     connect(recordView_, &RecordView::Text2_Click, this, &Formstart::Text2_Click);
     connect(navigator_, &Navigator::epiDataRequested, this, &Formstart::EpiData_Click);
     connect(navigator_, &Navigator::clearRequested, this, &Formstart::Command3_Click);
@@ -375,8 +376,24 @@ bool Formstart::toggle(const QString& menu)
 void Formstart::toggleFrame(const QString& menu, QWidget* frame)
 {
     const bool shown = toggle(menu);
+    const bool focusWithin = focusWidget() && frame->isAncestorOf(focusWidget());
+    if (shown && !qobject_cast<TitledFrame*>(focusWidget() ? focusWidget()->parentWidget() : nullptr)) {
+        focusBeforeFrame_ = focusWidget();
+    }
     frame->setVisible(shown);
     if (shown) frame->raise();
+    if (!shown && focusWithin && focusBeforeFrame_) focusBeforeFrame_->setFocus();
+}
+
+/// Closes the frame that stands in front of all others.
+void Formstart::closeTopFrame()
+{
+    TitledFrame* top = nullptr;
+    for (QObject* child : canvas_->children()) {
+        auto* frame = qobject_cast<TitledFrame*>(child);
+        if (frame && frame->isVisible()) top = frame;
+    }
+    if (top) emit top->closeRequested();
 }
 
 void Formstart::goToRecord(const QString& number)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 
 #include "app/MenuTree.h"
@@ -68,6 +69,7 @@ private:
     void Text2_Click(int index);
 
     void toggleFrame(const QString& menu, QWidget* frame);
+    void closeTopFrame();
     bool toggle(const QString& menu);
     void setCompatible(bool compatible);
     void showState();
@@ -87,6 +89,7 @@ private:
     TextFrame* Frame6 = nullptr;  ///< version
     TextFrame* Frame7 = nullptr;  ///< guide
     PreferencesFrame* Frame10 = nullptr;
+    QPointer<QWidget> focusBeforeFrame_;
 };
 
 }  // namespace quorvin

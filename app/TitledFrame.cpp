@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDrag>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -72,15 +71,6 @@ void TitledFrame::startDrag()
     drag->setPixmap(grab());
     drag->setHotSpot(QPoint(0, 0));
     drag->exec(Qt::MoveAction);
-}
-
-void TitledFrame::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape) {
-        emit closeRequested();
-        return;
-    }
-    QFrame::keyPressEvent(event);
 }
 
 }  // namespace quorvin

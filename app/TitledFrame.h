@@ -16,14 +16,13 @@ public:
     TitledFrame(const QString& name, const QString& title, QWidget* parent);
 
 signals:
-    /// The close button or Esc; the frame itself stays as it is.
+    /// The frame is to be closed; it stays as it is until somebody does.
     void closeRequested();
 
 protected:
     /// Where content goes, below the title.
     QVBoxLayout* content() { return content_; }
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void startDrag();

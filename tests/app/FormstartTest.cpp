@@ -197,6 +197,20 @@ TEST_F(FormstartTest, BuiltInTextsOpenAndClose)
     }
 }
 
+TEST_F(FormstartTest, EscapeClosesOneFrameAfterTheOtherAndGivesTheFocusBack)
+{
+    open(test::rec({{}}).records(1));
+    control("Text2(1)").setFocus();
+    for (const char* menu : {"versione", "limiti", "note"})
+        choose(menu);
+    for (const char* frame : {"Frame7", "Frame5", "Frame6"}) {
+        EXPECT_TRUE(control(frame).isVisible()) << frame;
+        QTest::keyClick(form_->focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(control(frame).isVisible()) << frame;
+    }
+    EXPECT_EQ(form_->focusWidget(), &control("Text2(1)"));
+}
+
 TEST_F(FormstartTest, AControlIsDroppedAtThePointer)
 {
     choose("limiti");
