@@ -1,4 +1,4 @@
-# Starts quorvin-cli as a process: CLI (program), SAMPLES and WORK (folders).
+# Starts quorvin-cli and mkrec as processes: CLI and MKREC (programs), SAMPLES and WORK (folders).
 
 # expect(STATUS REGEX ARGUMENT...): exit status, and a pattern that standard output and error together match.
 function(expect status pattern)
@@ -25,3 +25,11 @@ file(WRITE ${WORK}/escape.rec "1 1\r\n_A\t[31m        1   1  30   5   1   1   3 
 expect(0 "\n   1  A [[]31m " info ${WORK}/escape.rec)
 expect(2 "^Errore!! Impossibile trovare il file\n$" info ${WORK}/no-such-file.rec)
 expect(2 "^Errore file !! Divisione per zero\n$" info ${WORK}/nodata.rec)
+
+# The sample comes from the generator, on every system.
+execute_process(COMMAND ${MKREC} 500 ${WORK}/sample.rec RESULT_VARIABLE result)
+file(SHA256 ${WORK}/sample.rec made)
+file(SHA256 ${SAMPLES}/pazienti.rec kept)
+if(NOT result STREQUAL 0 OR NOT made STREQUAL kept)
+    message(FATAL_ERROR "mkrec 500 does not make samples/pazienti.rec")
+endif()
