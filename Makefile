@@ -1,7 +1,7 @@
 # The two commands: make run, make test. Everything they need is installed and built on the way.
 BUILD := build
 SAMPLE := samples/pazienti.rec
-OUR_SOURCES = $(shell find app base bench output rec search stats tests tools view -name '*.h' -o -name '*.cpp')
+OUR_SOURCES = $(shell find $(filter-out $(BUILD)/,$(wildcard */)) -name '*.h' -o -name '*.cpp')
 
 .PHONY: setup build run test sanitize bench format lint check-format clean
 

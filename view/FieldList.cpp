@@ -1,6 +1,5 @@
 #include "view/FieldList.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "base/RuntimeError.h"
@@ -17,12 +16,6 @@ int FieldList::at(int position) const
 {
     if (position < 0 || position > count_) throw RuntimeError(ErrorNumber::subscript);
     return entries_[static_cast<std::size_t>(position)];
-}
-
-bool FieldList::contains(int field) const
-{
-    const auto first = entries_.begin() + 1;
-    return std::find(first, first + count_, field) != first + count_;
 }
 
 }  // namespace quorvin

@@ -20,7 +20,6 @@ public:
     /// Field number at `position`. Position 0 holds no field and gives 0. Raises RuntimeError 9 outside
     /// 0..count.
     int at(int position) const;
-    bool contains(int field) const;
 
 private:
     std::array<int, kFieldSlots> entries_{};
