@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 namespace quorvin {
 
@@ -40,7 +41,15 @@ void FieldBox::showValue(const QString& value)
 void FieldBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QLineEdit::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit clicked();
+    const bool second = std::exchange(doubleClicked_, false);
+    if (second || event->button() != Qt::LeftButton) return;
+    if (rect().contains(event->position().toPoint())) emit clicked();
+}
+
+void FieldBox::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    doubleClicked_ = event->button() == Qt::LeftButton;
+    QLineEdit::mouseDoubleClickEvent(event);
 }
 
 void FieldBox::keyPressEvent(QKeyEvent* event)

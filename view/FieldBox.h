@@ -6,7 +6,7 @@
 namespace quorvin {
 
 /// A flat box with a thin border that fits into one text line. Emits clicked() for a left click within the
-/// box, and for Ctrl+Space, the same from the keyboard.
+/// box, once for a double click, which picks a word; and for Ctrl+Space, the same from the keyboard.
 class FieldBox : public QLineEdit {
     Q_OBJECT
 
@@ -23,9 +23,13 @@ signals:
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool doubleClicked_ = false;
 };
 
 }  // namespace quorvin

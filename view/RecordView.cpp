@@ -173,12 +173,6 @@ FieldBox* RecordView::Text2(int n) const
     return n >= 1 && n <= fieldCount_ ? field(n).Text2 : nullptr;
 }
 
-QString RecordView::value(int n) const
-{
-    const FieldBox* box = Text2(n);
-    return box ? box->text() : QString();
-}
-
 void RecordView::setValue(int n, const QString& value)
 {
     if (FieldBox* box = Text2(n)) box->showValue(value);
@@ -314,6 +308,12 @@ void RecordView::scrollTo(const QWidget& box)
     if (box.y() < 0) lines = (box.y() - line + 1) / line;
     if (box.geometry().bottom() >= height()) lines = (box.geometry().bottom() - height() + line) / line;
     if (lines != 0) scrollBy(lines);
+
+    const int column = scale_.columnWidth();
+    if (box.x() < 0) Slider1->setValue(Slider1->value() + (box.x() - column + 1) / column);
+    // A box wider than the view shows its beginning.
+    const int overhang = std::min(box.geometry().right() - width() + 1, box.x());
+    if (overhang > 0) Slider1->setValue(Slider1->value() + (overhang + column - 1) / column);
 }
 
 /// Moves the fields up by `lines`, or down when negative: by the scroll bar as far as it goes, and beyond it

@@ -44,7 +44,6 @@ public:
     int fieldCount() const { return fieldCount_; }
     /// Box of field `n`, 1..fieldCount; null for any other number.
     FieldBox* Text2(int n) const;
-    QString value(int n) const;
     void setValue(int n, const QString& value);
     /// Empties and enables all boxes.
     void azzeravar();

@@ -9,6 +9,7 @@
 
 #include "app/FormCanvas.h"
 #include "tests/support/WindowTest.h"
+#include "view/FieldBox.h"
 
 namespace quorvin {
 namespace {
@@ -100,6 +101,18 @@ TEST_F(RecordViewTest, TheFocusBringsAFieldIntoSight)
     }
 }
 
+TEST_F(RecordViewTest, TheFocusBringsAFieldIntoSightFromTheSides)
+{
+    open(test::rec({{.fieldX = 1}, {.fieldX = 180}, {.length = 300, .fieldX = 20}}).record({}));
+    for (const int n : {2, 1, 3, 2}) {
+        QWidget& box = control(qPrintable(QStringLiteral("Text2(%1)").arg(n)));
+        form_->setFocus();
+        box.setFocus();
+        EXPECT_GE(box.x(), 0) << n;
+        EXPECT_LE(std::min(box.geometry().right(), box.x() + 20), box.parentWidget()->width()) << n;
+    }
+}
+
 TEST_F(RecordViewTest, TheTabKeyGoesByFieldNumber)
 {
     open(test::rec({{.fieldY = 9}, {.fieldY = 3}, {.fieldY = 6}}).record({}));
@@ -162,6 +175,21 @@ TEST_F(RecordViewTest, ClicksChooseFieldsAndCommand3LetsThemGo)
     click("Command3");
     EXPECT_EQ(background("Text2(1)"), usual);
     EXPECT_EQ(value(1), QString());
+}
+
+TEST_F(RecordViewTest, ADoubleClickChoosesAFieldOnce)
+{
+    open(test::rec({{}}).records(1));
+    auto& box = control<FieldBox>("Text2(1)");
+    int choices = 0;
+    QObject::connect(&box, &FieldBox::clicked, &box, [&choices] { ++choices; });
+    // What a double click consists of; mouseDClick is its third event only.
+    QTest::mouseClick(&box, Qt::LeftButton);
+    QTest::mouseDClick(&box, Qt::LeftButton);
+    QTest::mouseRelease(&box, Qt::LeftButton);
+    EXPECT_EQ(choices, 1);
+    QTest::mouseClick(&box, Qt::LeftButton);
+    EXPECT_EQ(choices, 2) << "a click of its own chooses it again";
 }
 
 TEST_F(RecordViewTest, StatisticsModesPaintFormAndBox)
