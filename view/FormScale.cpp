@@ -12,8 +12,10 @@ constexpr int kSmallestColumn = 7;
 constexpr int kSmallestLine = 14;
 constexpr int kLowestLine = 12;
 
-/// Lines more than this many times as high as a column is wide only pull the text apart.
+/// Lines more than this many times as high as a column is wide only pull the text apart, and so do columns
+/// wider than this share of a line.
 constexpr double kHighestLine = 2.2;
+constexpr double kWidestColumn = 0.62;
 
 /// Room for the border of a field box.
 constexpr int kBorder = 1;
@@ -66,9 +68,10 @@ FormScale::FormScale(int columnWidth, int lineHeight) :
 FormScale FormScale::fitting(QSize available, int mostFormHeight)
 {
     const int height = mostFormHeight > 0 ? std::min(available.height(), mostFormHeight) : available.height();
-    const int column = std::max(kSmallestColumn, available.width() / kFormColumns);
+    const int widest = std::max(kSmallestColumn, available.width() / kFormColumns);
     const int line =
-        std::max(smallestLine(mostFormHeight), std::min(height / kFormLines, qRound(column * kHighestLine)));
+        std::max(smallestLine(mostFormHeight), std::min(height / kFormLines, qRound(widest * kHighestLine)));
+    const int column = std::clamp(qRound(line * kWidestColumn), kSmallestColumn, widest);
     return FormScale(column, line);
 }
 

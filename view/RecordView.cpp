@@ -309,11 +309,15 @@ void RecordView::scrollTo(const QWidget& box)
     if (box.geometry().bottom() >= height()) lines = (box.geometry().bottom() - height() + line) / line;
     if (lines != 0) scrollBy(lines);
 
+    // Sideways only for a box whose beginning is out of sight; a long one would else push its question away.
     const int column = scale_.columnWidth();
-    if (box.x() < 0) Slider1->setValue(Slider1->value() + (box.x() - column + 1) / column);
-    // A box wider than the view shows its beginning.
-    const int overhang = std::min(box.geometry().right() - width() + 1, box.x());
-    if (overhang > 0) Slider1->setValue(Slider1->value() + (overhang + column - 1) / column);
+    int columns = 0;
+    if (box.x() < 0) columns = (box.x() - column + 1) / column;
+    if (box.x() > width() - 2 * column) {
+        const int end = std::min(box.geometry().right() + column, box.x() + width() / 2);
+        columns = (end - width() + column) / column;
+    }
+    if (columns != 0) Slider1->setValue(Slider1->value() + columns);
 }
 
 /// Moves the fields up by `lines`, or down when negative: by the scroll bar as far as it goes, and beyond it
