@@ -88,6 +88,38 @@ Decoded decodeFirst(std::string_view utf8)
     return {character, length};
 }
 
+/// A mark that follows its letter as a character of its own, and the letters of the code page that carry it:
+/// first those without the mark, then, in the same order, those with it.
+struct CombiningMark {
+    char32_t mark;
+    std::string_view plain;
+    std::string_view marked;
+};
+
+constexpr CombiningMark kCombiningMarks[] = {
+    {0x300, "AEIOUaeiou", "\xC0\xC8\xCC\xD2\xD9\xE0\xE8\xEC\xF2\xF9"},            // grave
+    {0x301, "AEIOUYaeiouy", "\xC1\xC9\xCD\xD3\xDA\xDD\xE1\xE9\xED\xF3\xFA\xFD"},  // acute
+    {0x302, "AEIOUaeiou", "\xC2\xCA\xCE\xD4\xDB\xE2\xEA\xEE\xF4\xFB"},            // circumflex
+    {0x303, "ANOano", "\xC3\xD1\xD5\xE3\xF1\xF5"},                                // tilde
+    {0x308, "AEIOUYaeiouy", "\xC4\xCB\xCF\xD6\xDC\x9F\xE4\xEB\xEF\xF6\xFC\xFF"},  // diaeresis
+    {0x30A, "Aa", "\xC5\xE5"},                                                    // ring
+    {0x30C, "SZsz", "\x8A\x8E\x9A\x9E"},                                          // caron
+    {0x327, "Cc", "\xC7\xE7"},                                                    // cedilla
+};
+
+/// Puts a combining mark on the last character of `text`; false when the code page has no such letter.
+bool combine(std::string& text, char32_t mark)
+{
+    for (const CombiningMark& row : kCombiningMarks) {
+        if (row.mark != mark || text.empty()) continue;
+        const std::size_t letter = row.plain.find(text.back());
+        if (letter == std::string_view::npos) return false;
+        text.back() = row.marked[letter];
+        return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 char toUpper(char c)
@@ -134,7 +166,7 @@ std::string fromUtf8(std::string_view utf8)
     out.reserve(utf8.size());
     while (!utf8.empty()) {
         const Decoded decoded = decodeFirst(utf8);
-        out.push_back(fromUnicode(decoded.character));
+        if (!combine(out, decoded.character)) out.push_back(fromUnicode(decoded.character));
         utf8.remove_prefix(decoded.bytes);
     }
     return out;

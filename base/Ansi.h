@@ -16,7 +16,8 @@ std::string upper(std::string_view text);
 /// number.
 std::string toUtf8(std::string_view ansi);
 
-/// UTF-8 to Windows-1252; a character outside the code page, or a damaged sequence, becomes "?".
+/// UTF-8 to Windows-1252; a character outside the code page, or a damaged sequence, becomes "?". A letter and
+/// the combining mark behind it, as some systems write file names and arguments, become one character.
 std::string fromUtf8(std::string_view utf8);
 
 /// One Unicode character to its code in the page, "?" when it has none.

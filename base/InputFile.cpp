@@ -65,6 +65,15 @@ void closeRaw(RawHandle handle)
     CloseHandle(asHandle(handle));
 }
 
+RawHandle duplicateOf(RawHandle handle)
+{
+    HANDLE copy = nullptr;
+    const HANDLE process = GetCurrentProcess();
+    if (!DuplicateHandle(process, asHandle(handle), process, &copy, 0, FALSE, DUPLICATE_SAME_ACCESS))
+        throw RuntimeError(ErrorNumber::deviceError);
+    return reinterpret_cast<RawHandle>(copy);
+}
+
 std::int64_t lengthOf(RawHandle handle)
 {
     LARGE_INTEGER length;
@@ -106,6 +115,13 @@ RawHandle openShared(const std::filesystem::path& name)
 void closeRaw(RawHandle handle)
 {
     ::close(static_cast<int>(handle));
+}
+
+RawHandle duplicateOf(RawHandle handle)
+{
+    const int copy = ::fcntl(static_cast<int>(handle), F_DUPFD_CLOEXEC, 0);
+    if (copy < 0) throw RuntimeError(ErrorNumber::deviceError);
+    return copy;
 }
 
 std::int64_t lengthOf(RawHandle handle)
@@ -154,6 +170,14 @@ void InputFile::open(const std::filesystem::path& name)
 void InputFile::close() noexcept
 {
     if (handle_ != kNone) closeRaw(std::exchange(handle_, kNone));
+}
+
+InputFile InputFile::duplicate() const
+{
+    if (!isOpen()) throw RuntimeError(ErrorNumber::badFileName);
+    InputFile copy;
+    copy.handle_ = duplicateOf(handle_);
+    return copy;
 }
 
 std::int64_t InputFile::size() const

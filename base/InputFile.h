@@ -25,6 +25,10 @@ public:
     void close() noexcept;
     bool isOpen() const { return handle_ != kNone; }
 
+    /// The same open file through a handle of its own: it stays open, and the same file, whatever becomes of
+    /// this one. Raises RuntimeError 52 when no file is open, 57 otherwise.
+    InputFile duplicate() const;
+
     /// Length in bytes at this moment. Raises RuntimeError 52 when no file is open.
     std::int64_t size() const;
 

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 #include "base/RuntimeError.h"
 
@@ -55,6 +56,18 @@ std::string plainNotation(const Decimal& decimal)
     return text;
 }
 
+/// The usual number, a few digits and nothing else, which needs no copy.
+std::optional<double> shortWholeNumber(std::string_view text)
+{
+    if (text.empty() || text.size() > static_cast<std::size_t>(kSignificantDigits)) return std::nullopt;
+    std::int64_t value = 0;
+    for (const char c : text) {
+        if (!isDigit(c)) return std::nullopt;
+        value = 10 * value + (c - '0');
+    }
+    return static_cast<double>(value);
+}
+
 }  // namespace
 
 std::string_view lTrim(std::string_view text)
@@ -102,6 +115,7 @@ std::string bareStr(double number)
 
 double val(std::string_view text)
 {
+    if (const auto whole = shortWholeNumber(text)) return *whole;
     std::string number;
     bool pointSeen = false;
     for (const char c : text) {
