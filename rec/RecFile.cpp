@@ -47,6 +47,7 @@ void RecFile::reset()
     screenColour_ = 0;
     lineEndBytes_ = 2;
     linesPerRecord_ = 0;
+    lineLengths_.clear();
     dataStart_ = 0;
     recordBytes_ = 0;
     recordCount_ = 0;
@@ -98,8 +99,10 @@ void RecFile::measure()
     if (linesPerRecord_ == 0 || reader_.atEnd()) throw RuntimeError(ErrorNumber::divisionByZero);
 
     std::int64_t bytes = 0;
-    for (int line = 0; line < linesPerRecord_; ++line)
-        bytes += reader_.readLine(0).length + lineEndBytes_;
+    for (int line = 0; line < linesPerRecord_; ++line) {
+        lineLengths_.push_back(reader_.readLine(0).length);
+        bytes += lineLengths_.back() + lineEndBytes_;
+    }
     recordBytes_ = bytes;
     count();
 }
@@ -123,12 +126,17 @@ void RecFile::recount()
     count();
 }
 
-void RecFile::seek(RecordNumber n)
+std::int64_t RecFile::positionOf(RecordNumber n) const
 {
     requireMeasured();
     const RecordNumber most = (std::numeric_limits<std::int64_t>::max() - dataStart_) / recordBytes_;
     if (n < 1 || n > most) throw RuntimeError(ErrorNumber::invalidCall);
-    reader_.seek(dataStart_ + (n - 1) * recordBytes_);
+    return dataStart_ + (n - 1) * recordBytes_;
+}
+
+void RecFile::seek(RecordNumber n)
+{
+    reader_.seek(positionOf(n));
 }
 
 void RecFile::caricastring()

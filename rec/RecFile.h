@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/InputFile.h"
 #include "rec/FieldTable.h"
@@ -39,13 +40,19 @@ public:
     /// file closed.
     void recount();
 
-    /// Sets the reading position to record `n`. Raises 5 for n < 1 or beyond any file, 11 when the file was
-    /// never measured.
+    /// Sets the reading position to record `n`; raises what `positionOf` does.
     void seek(RecordNumber n);
 
     /// Reads the record at the reading position into `recordText` and `lastMark`. Raises 62 when lines are
     /// missing; the record read before is then kept.
     void caricastring();
+
+    /// Position of record `n`'s first byte, 1-based. Raises 5 for n < 1 or beyond any file, 11 when the file
+    /// was never measured.
+    std::int64_t positionOf(RecordNumber n) const;
+
+    /// The open file once more, for a reader of its own. Raises RuntimeError 52 when it is closed.
+    InputFile duplicateFile() const { return file_.duplicate(); }
 
     /// Closes the file and keeps what is known of it.
     void close() { file_.close(); }
@@ -69,6 +76,10 @@ public:
     {
         return recordBytes_;
     }  ///< bytes of one record in the file, line ends included
+    /// Bytes of each line of the first record, line ends left out; all records are taken to be alike.
+    const std::vector<std::int64_t>& lineLengths() const { return lineLengths_; }
+    /// Bytes of a line end: 1 (LF) or 2 (CR LF), as in the file's first line.
+    int lineEndBytes() const { return lineEndBytes_; }
     RecordNumber recordCount() const { return recordCount_; }  ///< whole records in the file
     RecordNumber rangeEnd() const { return rangeEnd_; }        ///< set to the count whenever it is taken
 
@@ -95,6 +106,7 @@ private:
     double screenColour_ = 0;
     int lineEndBytes_ = 2;
     int linesPerRecord_ = 0;
+    std::vector<std::int64_t> lineLengths_;
     std::int64_t dataStart_ = 0;
     std::int64_t recordBytes_ = 0;
     RecordNumber recordCount_ = 0;
