@@ -1,0 +1,44 @@
+/// What wants to see the records that a search finds.
+#pragma once
+
+#include <string_view>
+
+#include "rec/RecFormat.h"
+
+namespace quorvin {
+
+class Matcher;
+class RecordScanner;
+
+/// Why a search ended.
+enum class SearchEnd {
+    completed,  ///< all records of the range were tested
+    stopped,    ///< the user stopped it; what was found counts
+    refused,    ///< the user answered No at a hit
+    failed,     ///< an error ended it
+};
+
+/// Called by the search driver in the order of the methods here; what a consumer throws ends the search as an
+/// error of its own does. A consumer must leave the search as it is.
+class SearchConsumer {
+public:
+    SearchConsumer() = default;
+    SearchConsumer(const SearchConsumer&) = delete;
+    SearchConsumer& operator=(const SearchConsumer&) = delete;
+    virtual ~SearchConsumer() = default;
+
+    /// A search over these records begins; they may be none.
+    virtual void searchStarts(RecordNumber /*searchStart*/, RecordNumber /*searchEnd*/) {}
+
+    /// All fields of a tested record matched; for counting, before the hit is shown and before the user can
+    /// refuse it. `matcher` holds the values as they were compared.
+    virtual void recordMatched(const Matcher& /*matcher*/) {}
+
+    /// A hit that the user has not refused, after its line has been listed. `record` is the one found.
+    virtual void hit(RecordScanner& /*record*/) {}
+
+    /// The search has ended. `criteria`: its closing caption, Windows-1252.
+    virtual void searchEnds(SearchEnd /*end*/, std::string_view /*criteria*/) {}
+};
+
+}  // namespace quorvin

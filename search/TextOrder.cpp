@@ -1,0 +1,95 @@
+#include "search/TextOrder.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+#include "base/Ansi.h"
+
+namespace quorvin {
+
+namespace {
+
+constexpr std::size_t kCharacters = sizeof(std::uint64_t);
+
+/// Texts whose keys are taken in one step.
+constexpr std::size_t kStep = 1024;
+
+/// The end of a text comes before every character; no capital has the highest code, so that there is room.
+constexpr std::uint64_t kTextEnd = 0;
+
+std::uint64_t rankOf(char c)
+{
+    return std::uint64_t{static_cast<unsigned char>(toUpper(c))} + 1;
+}
+
+bool endsWithin(std::uint64_t key)
+{
+    return (key & 0xFF) == kTextEnd;
+}
+
+}  // namespace
+
+TextOrder::TextOrder(std::size_t count, std::function<std::string_view(std::size_t)> text) :
+    text_(std::move(text)),
+    items_(count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        items_[i].number = i;
+    if (count > 1) unordered_.push_back({0, count, 0});
+}
+
+std::uint64_t TextOrder::keyOf(std::size_t number, std::size_t depth) const
+{
+    const std::string_view text = text_(number);
+    std::uint64_t key = 0;
+    for (std::size_t i = depth; i < depth + kCharacters; ++i)
+        key = (key << 8) | (i < text.size() ? rankOf(text[i]) : kTextEnd);
+    return key;
+}
+
+bool TextOrder::run(std::size_t steps)
+{
+    for (std::size_t done = 0; done < steps; done += kStep) {
+        if (sort_) {
+            if (sort_->run(kStep)) split();
+        } else if (current_.from + loaded_ < current_.to) {
+            loadSome();
+        } else if (unordered_.empty()) {
+            buffer_ = {};
+            return true;
+        } else {
+            current_ = unordered_.back();
+            unordered_.pop_back();
+            loaded_ = 0;
+        }
+    }
+    return false;
+}
+
+void TextOrder::loadSome()
+{
+    const std::size_t from = current_.from + loaded_;
+    const std::size_t to = std::min(from + kStep, current_.to);
+    for (std::size_t i = from; i < to; ++i)
+        items_[i].key = keyOf(items_[i].number, current_.depth);
+    loaded_ += to - from;
+    if (to < current_.to) return;
+    sort_.emplace(std::span(items_).subspan(current_.from, current_.to - current_.from), buffer_);
+}
+
+/// Leaves what is still alike, and goes on, for later.
+void TextOrder::split()
+{
+    sort_.reset();
+    for (std::size_t from = current_.from; from < current_.to;) {
+        std::size_t to = from + 1;
+        while (to < current_.to && items_[to].key == items_[from].key)
+            ++to;
+        if (to - from > 1 && !endsWithin(items_[from].key))
+            unordered_.push_back({from, to, current_.depth + kCharacters});
+        from = to;
+    }
+}
+
+}  // namespace quorvin
