@@ -20,6 +20,8 @@ run: build
 	else \
 	    $(BUILD)/bin/quorvin-cli info $(SAMPLE) && \
 	    $(BUILD)/bin/quorvin-cli mostra $(SAMPLE) 7 && \
+	    echo "Rome, and a surname with an a; the list shows the town too:" && \
+	    $(BUILD)/bin/quorvin-cli cerca $(SAMPLE) -c COMUNE=roma -c COGNOME=a --check2 && \
 	    QT_QPA_PLATFORM=offscreen $(BUILD)/bin/quorvin --rekord 7 --immagine $(BUILD)/quorvin.png $(SAMPLE) && \
 	    echo "No display: a picture of the window is in $(BUILD)/quorvin.png"; \
 	fi

@@ -20,14 +20,10 @@ std::string utf8(std::string_view ansi)
     return toUtf8(trim(ansi));
 }
 
-/// A text for the terminal, without its trailing blanks: tabs, line ends and other control characters print
-/// as blanks.
+/// A text for the terminal, without its trailing blanks.
 std::string onOneLine(std::string_view text)
 {
-    std::string line(rTrim(text));
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-    return toUtf8(line);
+    return printable(rTrim(text));
 }
 
 /// `text` in UTF-8, blank-padded to `width` characters.
@@ -46,10 +42,13 @@ Json whole(std::string_view item)
     return static_cast<int>(val(item));
 }
 
-std::string dump(const Json& json)
+constexpr int kIndented = 2;
+constexpr int kOneLine = -1;
+
+std::string dump(const Json& json, int layout)
 {
     // Values may hold bytes that no text should; they are printed, not refused.
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return json.dump(layout, ' ', false, Json::error_handler_t::replace);
 }
 
 Json fieldAsJson(const FieldTable& fields, int n)
@@ -67,6 +66,16 @@ Json fieldAsJson(const FieldTable& fields, int n)
         {"campoX", whole(fields.fieldX[i])},
         {"campoY", whole(fields.fieldY[i])},
     };
+}
+
+Json recordJson(const FieldTable& fields, const std::vector<std::string>& labels, RecordNumber number,
+                bool deleted, const std::function<std::string_view(int)>& value)
+{
+    Json values = Json::object();
+    for (int n = 1; n <= fields.fieldCount; ++n) {
+        if (fields.length(n) > 0) values[labels[static_cast<std::size_t>(n)]] = toUtf8(rTrim(value(n)));
+    }
+    return Json{{"rekord", number}, {"cancellato", deleted}, {"campi", std::move(values)}};
 }
 
 }  // namespace
@@ -103,7 +112,7 @@ std::string infoAsJson(const RecFile& file)
     Json fields = Json::array();
     for (int n = 1; n <= file.fieldCount(); ++n)
         fields.push_back(fieldAsJson(file.fields(), n));
-    return dump(Json{
+    const Json info{
         {"file", utf8FromPath(file.dataFileName())},
         {"campi", file.fieldCount()},
         {"rekord", file.recordCount()},
@@ -113,7 +122,8 @@ std::string infoAsJson(const RecFile& file)
         {"bytePerRekord", file.recordBytes()},
         {"inizioDati", file.dataStart()},
         {"definizioni", fields},
-    });
+    };
+    return dump(info, kIndented) + "\n";
 }
 
 std::string recordAsText(const RecFile& file, RecordNumber number)
@@ -131,15 +141,37 @@ std::string recordAsText(const RecFile& file, RecordNumber number)
 
 std::string recordAsJson(const RecFile& file, RecordNumber number)
 {
-    const FieldTable& fields = file.fields();
-    Json values = Json::object();
-    for (int n = 1; n <= file.fieldCount(); ++n) {
+    const Json record = recordJson(file.fields(), fieldLabels(file.fields()), number, file.isDeleted(),
+                                   [&file](int n) { return file.fieldValue(n); });
+    return dump(record, kIndented) + "\n";
+}
+
+std::string recordObject(const FieldTable& fields, const std::vector<std::string>& labels,
+                         RecordNumber number, bool deleted, const std::function<std::string_view(int)>& value)
+{
+    return dump(recordJson(fields, labels, number, deleted, value), kOneLine);
+}
+
+std::vector<std::string> fieldLabels(const FieldTable& fields)
+{
+    std::vector<std::string> labels(static_cast<std::size_t>(fields.fieldCount) + 1);
+    for (int n = 1; n <= fields.fieldCount; ++n) {
         if (fields.length(n) == 0) continue;
-        std::string name = utf8(fields.fieldName[static_cast<std::size_t>(n)]);
-        if (name.empty() || values.contains(name)) name = "#" + std::to_string(n);
-        values[name] = toUtf8(rTrim(file.fieldValue(n)));
+        const auto i = static_cast<std::size_t>(n);
+        std::string name = utf8(fields.fieldName[i]);
+        if (name.empty() || std::find(labels.begin(), labels.end(), name) != labels.end())
+            name = "#" + std::to_string(n);
+        labels[i] = std::move(name);
     }
-    return dump(Json{{"rekord", number}, {"cancellato", file.isDeleted()}, {"campi", values}});
+    return labels;
+}
+
+std::string printable(std::string_view text)
+{
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    return toUtf8(line);
 }
 
 }  // namespace quorvin

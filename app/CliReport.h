@@ -1,7 +1,10 @@
 /// What quorvin-cli prints about a file and its records, UTF-8, lines ended by LF.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "rec/RecFile.h"
 
@@ -15,5 +18,17 @@ std::string infoAsJson(const RecFile& file);
 /// In JSON a field whose name is empty or taken is called "#" and its number.
 std::string recordAsText(const RecFile& file, RecordNumber number);
 std::string recordAsJson(const RecFile& file, RecordNumber number);
+
+/// One name for each field number, blanks trimmed: "#" and the number where the name is empty or taken; slot
+/// 0 and fields of length 0 are left empty.
+std::vector<std::string> fieldLabels(const FieldTable& fields);
+
+/// A record as a JSON object on one line. `value`: a field's stored value by its number.
+std::string recordObject(const FieldTable& fields, const std::vector<std::string>& labels,
+                         RecordNumber number, bool deleted,
+                         const std::function<std::string_view(int)>& value);
+
+/// A text for the terminal: tabs, line ends and other control characters print as blanks.
+std::string printable(std::string_view text);
 
 }  // namespace quorvin

@@ -5,12 +5,15 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "app/CliError.h"
 #include "app/CliReport.h"
+#include "app/CliSearch.h"
 #include "app/Messages.h"
 #include "base/CommandLine.h"
 #include "base/RuntimeError.h"
@@ -21,12 +24,8 @@ namespace {
 using namespace quorvin;
 
 constexpr int kFound = 0;
+constexpr int kNothingFound = 1;
 constexpr int kError = 2;
-
-/// An error with the words that the window would put before its description.
-struct CliError {
-    std::string text;
-};
 
 /// Opens, reads and measures; the two stages have different prefixes.
 void openRec(RecFile& file, const std::string& name)
@@ -46,6 +45,8 @@ struct Arguments {
     std::string file;
     RecordNumber record = 0;
     bool json = false;
+    CliSearchOptions search;
+    HitFormat format = HitFormat::lines;
 };
 
 int runInfo(const Arguments& arguments)
@@ -70,6 +71,14 @@ int runShow(const Arguments& arguments)
     std::cout << (arguments.json ? recordAsJson(file, arguments.record)
                                  : recordAsText(file, arguments.record));
     return kFound;
+}
+
+int runSearch(const Arguments& arguments)
+{
+    RecFile file;
+    openRec(file, arguments.file);
+    file.impostMaiusc = arguments.search.maiuscolo;
+    return printHits(file, arguments.search, arguments.format) > 0 ? kFound : kNothingFound;
 }
 
 void useItalianLabels(CLI::App& app)
@@ -110,8 +119,43 @@ CLI::App* addCommand(CLI::App& app, const char* name, const char* description, A
     CLI::App* command = app.add_subcommand(name, description)->group("Comandi");
     command->get_help_ptr()->group("Opzioni");
     command->add_option("FILE", arguments.file, "file .rec")->required()->option_text(" ");
-    command->add_flag("--json", arguments.json, "scrive in formato JSON");
     return command;
+}
+
+void addJsonFlag(CLI::App& command, Arguments& arguments)
+{
+    command.add_flag("--json", arguments.json, "scrive in formato JSON");
+}
+
+void addSearchOptions(CLI::App& command, CliSearchOptions& search)
+{
+    command.add_option("-c", search.criteria, "campo (nome o #numero) e testo da cercare; ripetibile")
+        ->required()
+        ->allow_extra_args(false)
+        ->option_text("CAMPO=TESTO");
+    command.add_option("--modo", search.mode, "modo di ricerca, da 1 a 8 (4)")
+        ->check(CLI::Range(1, kSearchModes))
+        ->option_text("N");
+    command.add_option("--da", search.from, "primo rekord")->option_text("N");
+    command.add_option("--a", search.to, "ultimo rekord")->option_text("N");
+    command.add_flag("--norec", search.norec, "salta i rekord cancellati");
+    command.add_flag("--eliminapuntegg", search.eliminapuntegg, "ignora spazi e punteggiatura (modi 1-5)");
+    command.add_flag("--maiuscolo", search.maiuscolo, "legge i rekord in maiuscolo");
+    command.add_option("--unirek", search.unirek, "cerca questi campi come uno solo")
+        ->option_text("CAMPO,CAMPO");
+    command.add_flag("--sort", search.sort, "righe in ordine alfabetico");
+    command.add_flag("--maxel", search.maxel, "con --sort: valori di 38 caratteri invece di 19");
+    command.add_flag("--check2", search.check2, "aggiunge alle righe il penultimo campo");
+    command.add_flag("--quiet", search.quiet, "non scrive nulla, conta solo l'esito");
+}
+
+void addFormat(CLI::App& command, HitFormat& format)
+{
+    const std::map<std::string, HitFormat> formats = {
+        {"righe", HitFormat::lines}, {"csv", HitFormat::csv}, {"json", HitFormat::json}};
+    command.add_option("--formato", format, "righe, csv o json")
+        ->transform(CLI::CheckedTransformer(formats))
+        ->option_text("FORMATO");
 }
 
 int run(int argc, char** argv)
@@ -122,9 +166,14 @@ int run(int argc, char** argv)
         ->group("Opzioni");
     app.require_subcommand(1);
     Arguments arguments;
-    const CLI::App* info = addCommand(app, "info", "descrive il file e i suoi campi", arguments);
+    CLI::App* info = addCommand(app, "info", "descrive il file e i suoi campi", arguments);
+    addJsonFlag(*info, arguments);
     CLI::App* show = addCommand(app, "mostra", "mostra un rekord", arguments);
     show->add_option("N", arguments.record, "numero del rekord, dal primo (1)")->required()->option_text(" ");
+    addJsonFlag(*show, arguments);
+    CLI::App* search = addCommand(app, "cerca", "cerca i rekord ed elenca quelli trovati", arguments);
+    addSearchOptions(*search, arguments.search);
+    addFormat(*search, arguments.format);
 
     std::vector<std::string> words = utf8Arguments(argc, argv);
     std::reverse(words.begin(), words.end());
@@ -135,6 +184,7 @@ int run(int argc, char** argv)
         std::cerr << "quorvin-cli: " << inItalian(error) << "; vedi quorvin-cli --help\n";
         return kError;
     }
+    if (search->parsed()) return runSearch(arguments);
     return info->parsed() ? runInfo(arguments) : runShow(arguments);
 }
 
@@ -142,6 +192,7 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    std::ios::sync_with_stdio(false);
     try {
         const int status = run(argc, argv);
         std::cout.flush();
