@@ -17,6 +17,9 @@ public:
 
     virtual void message(BoxIcon icon, const QString& text) = 0;
 
+    /// Whether the user answers Yes. Closing the box means No.
+    virtual bool question(BoxIcon icon, const QString& text) = 0;
+
     /// Name of an existing file, empty when the user cancels. `filter`: pairs of description and pattern,
     /// separated by bars. `folder`: where to begin; empty for the last one.
     virtual QString openFile(const QString& filter, const QString& folder) = 0;

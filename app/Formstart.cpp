@@ -22,9 +22,12 @@
 #include "app/TextFrame.h"
 #include "app/Utf8.h"
 #include "base/RuntimeError.h"
+#include "search/HitListView.h"
+#include "search/SearchPanel.h"
 #include "search/SearchStatus.h"
 #include "view/Colours.h"
 #include "view/EpiDataLaunch.h"
+#include "view/FieldBox.h"
 #include "view/Navigator.h"
 #include "view/RecordView.h"
 
@@ -45,6 +48,7 @@ constexpr int kHintMilliseconds = 6000;
 /// Places on the form: left, top, width, height in columns and lines; 0 reaches to the edge.
 constexpr QRectF kNavigatorPlace(0, 0, 0, RecordView::kTopLines);
 constexpr QRectF kRecordPlace(0, RecordView::kTopLines, 0, 0);
+constexpr QRectF kNorecPlace(122, 41, 2, 1);
 constexpr QRectF kInvitationPlace(0, 12, 0, 6);
 constexpr QRectF kGuidePlace(3, 3, 84, 37);
 constexpr QRectF kLimitsPlace(40, 8, 56, 18);
@@ -83,6 +87,13 @@ void Formstart::buildForm()
     canvas_->place(recordView_, kRecordPlace);
     canvas_->place(navigator_, kNavigatorPlace);
 
+    searchStatus_ = new SearchStatus(this);
+    searchPanel_ = new SearchPanel(
+        {recFile_, selections_, *recordView_, *navigator_, menuTree_, *searchStatus_}, canvas_);
+    canvas_->place(&searchPanel_->Frame3(), RangeFrame::place());
+    canvas_->place(&searchPanel_->norecSign(), kNorecPlace);
+    placeSearchPanel();
+
     Label7 = new QLabel(fromUtf8Text(messages::kInvitation), canvas_);
     Label7->setObjectName(QStringLiteral("Label7"));
     Label7->setAlignment(Qt::AlignCenter);
@@ -113,7 +124,6 @@ void Formstart::buildForm()
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(canvas_);
     setCentralWidget(scroll);
-    searchStatus_ = new SearchStatus(this);
     statusBar()->addWidget(searchStatus_, 1);
 }
 
@@ -143,14 +153,9 @@ void Formstart::connectMenus()
         {"limiti", &Formstart::limiti_Click},
         {"versione", &Formstart::versione_Click},
     };
-    for (const Handler& handler : kHandlers) {
-        QAction* action = &menuTree_.item(fromUtf8Text(handler.menu));
-        connect(action, &QAction::triggered, this, [this, action, click = handler.click] {
-            // Handlers invert the tick themselves; Qt has done so already.
-            if (action->isCheckable()) action->toggle();
-            (this->*click)();
-        });
-    }
+    for (const Handler& handler : kHandlers)
+        menuTree_.onClick(fromUtf8Text(handler.menu), [this, click = handler.click] { (this->*click)(); });
+    menuTree_.isBlocked = [this] { return searchPanel_->isSearching(); };
 }
 
 void Formstart::connectParts()
@@ -164,12 +169,45 @@ void Formstart::connectParts()
     connect(navigator_, &Navigator::clearRequested, this, &Formstart::Command3_Click);
     connect(navigator_, &Navigator::expandRequested, &menuTree_.item(QStringLiteral("maxel")),
             &QAction::trigger);
-    connect(navigator_, &Navigator::moveFailed, this,
-            [this](const QString& reason) { statusBar()->showMessage(reason, kHintMilliseconds); });
+    connect(navigator_, &Navigator::moveFailed, this, &Formstart::showHint);
     connect(Frame10, &TitledFrame::closeRequested, &menuTree_.item(QStringLiteral("preferenze")),
             &QAction::trigger);
     connect(Frame10->Check1, &QCheckBox::clicked, this, &Formstart::Check1_Click);
     connect(Frame10->Check3, &QCheckBox::clicked, this, &Formstart::Check3_Click);
+    connectSearch();
+}
+
+void Formstart::connectSearch()
+{
+    searchPanel_->continuo = [this] {
+        return dialogs_.question(BoxIcon::question, fromUtf8Text(messages::kContinue));
+    };
+    connect(searchPanel_, &SearchPanel::azzeravarRequested, this, &Formstart::azzeravar);
+    connect(searchPanel_, &SearchPanel::cancellaRequested, this, &Formstart::cancella);
+    connect(searchPanel_, &SearchPanel::fieldChosen, this, &Formstart::Text2_Click);
+    connect(searchPanel_, &SearchPanel::searchFailed, this,
+            [this](const RuntimeError& error) { showError(messages::kError, error); });
+    connect(searchPanel_, &SearchPanel::hitFailed, this,
+            [this](const RuntimeError& error) { showError(messages::kHitError, error); });
+    connect(searchPanel_, &SearchPanel::epiDataRequested, this, &Formstart::EpiData_Click);
+    connect(searchPanel_, &SearchPanel::placesChanged, this, &Formstart::placeSearchPanel);
+    connect(searchPanel_, &SearchPanel::hint, this, &Formstart::showHint);
+    connect(canvas_, &FormCanvas::scaleChanged, &searchPanel_->lists(), &HitLists::setScale);
+    connect(Frame10->Check2, &QCheckBox::toggled, searchPanel_,
+            [this](bool checked) { searchPanel_->Check2 = checked; });
+}
+
+/// Stands the lists by their size, and gives the record the room beside what is shown of them.
+void Formstart::placeSearchPanel()
+{
+    const HitLists& lists = searchPanel_->lists();
+    const QRectF place = HitLists::place(menuTree_.isTicked(QStringLiteral("maxel")));
+    canvas_->place(lists.List1, place);
+    canvas_->place(lists.List2, place);
+    QRectF record = kRecordPlace;
+    if (!searchPanel_->Frame3().isHidden()) record.setRight(RangeFrame::place().left());
+    if (lists.shown()) record.setRight(place.left());
+    canvas_->place(recordView_, record);
 }
 
 void Formstart::aprifile_Click()
@@ -229,10 +267,12 @@ void Formstart::layOutFields()
         throw;
     }
     layOut();
+    searchPanel_->setTabOrderAfter(recordView_->Text2(recFile_.fieldCount()));
 }
 
 void Formstart::resetta()
 {
+    searchPanel_->abandon();
     cancella();
     recFile_.reset();
     recordView_->hideFields();
@@ -241,6 +281,7 @@ void Formstart::resetta()
     canvas_->setFormColour({});
     Frame10->hide();
     menuTree_.reset();
+    searchPanel_->reset();
     showState();
 }
 
@@ -264,6 +305,7 @@ void Formstart::cancella()
 {
     selections_.clear();
     recordView_->clearHighlights();
+    searchPanel_->cancella();
     searchStatus_->cancella();
 }
 
@@ -276,7 +318,7 @@ void Formstart::preferenze_Click()
 
 void Formstart::impostMaiusc_Click()
 {
-    recFile_.impostMaiusc = toggle(QStringLiteral("impostMaiusc"));
+    recFile_.impostMaiusc = menuTree_.toggle(QStringLiteral("impostMaiusc"));
 }
 
 void Formstart::compEpidat_Click()
@@ -292,7 +334,7 @@ void Formstart::setCompatible(bool compatible)
 
 void Formstart::adatta600_Click()
 {
-    const bool low = toggle(QStringLiteral("adatta600"));
+    const bool low = menuTree_.toggle(QStringLiteral("adatta600"));
     const int others = kTitleBar + menuBar()->height() + statusBar()->height();
     canvas_->setMostHeight(low ? kLowScreen - others : 0);
 }
@@ -365,17 +407,9 @@ void Formstart::Text2_Click(int index)
     }
 }
 
-/// Inverts an item's tick and returns its new state.
-bool Formstart::toggle(const QString& menu)
-{
-    const bool ticked = !menuTree_.isTicked(menu);
-    menuTree_.setTicked(menu, ticked);
-    return ticked;
-}
-
 void Formstart::toggleFrame(const QString& menu, QWidget* frame)
 {
-    const bool shown = toggle(menu);
+    const bool shown = menuTree_.toggle(menu);
     const bool focusWithin = focusWidget() && frame->isAncestorOf(focusWidget());
     if (shown && !qobject_cast<TitledFrame*>(focusWidget() ? focusWidget()->parentWidget() : nullptr)) {
         focusBeforeFrame_ = focusWidget();
@@ -404,6 +438,17 @@ void Formstart::goToRecord(const QString& number)
 void Formstart::showError(const char* prefix, const RuntimeError& error)
 {
     dialogs_.message(BoxIcon::critical, fromUtf8Text(prefix) + fromUtf8Text(error.description()));
+}
+
+void Formstart::showHint(const QString& text)
+{
+    statusBar()->showMessage(text, kHintMilliseconds);
+}
+
+void Formstart::closeEvent(QCloseEvent* event)
+{
+    searchPanel_->abandon();
+    QMainWindow::closeEvent(event);
 }
 
 void Formstart::dragEnterEvent(QDragEnterEvent* event)

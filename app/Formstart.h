@@ -3,7 +3,6 @@
 
 #include <QMainWindow>
 #include <QPointer>
-#include <functional>
 
 #include "app/MenuTree.h"
 #include "rec/RecFile.h"
@@ -19,6 +18,7 @@ class Navigator;
 class PreferencesFrame;
 class RecordView;
 class RuntimeError;
+class SearchPanel;
 class SearchStatus;
 class TextFrame;
 
@@ -38,6 +38,7 @@ public:
     void goToRecord(const QString& number);
 
 protected:
+    void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -45,6 +46,8 @@ private:
     void buildForm();
     void connectMenus();
     void connectParts();
+    void connectSearch();
+    void placeSearchPanel();
     TextFrame* addTextFrame(const QString& menu, TextFrame* frame, const QRectF& place);
 
     void Form_Load();
@@ -70,9 +73,9 @@ private:
 
     void toggleFrame(const QString& menu, QWidget* frame);
     void closeTopFrame();
-    bool toggle(const QString& menu);
     void setCompatible(bool compatible);
     void showState();
+    void showHint(const QString& text);
     void showError(const char* prefix, const RuntimeError& error);
 
     Dialogs& dialogs_;
@@ -84,6 +87,7 @@ private:
     RecordView* recordView_ = nullptr;
     Navigator* navigator_ = nullptr;
     SearchStatus* searchStatus_ = nullptr;
+    SearchPanel* searchPanel_ = nullptr;
     QLabel* Label7 = nullptr;
     TextFrame* Frame5 = nullptr;  ///< limits
     TextFrame* Frame6 = nullptr;  ///< version

@@ -98,7 +98,8 @@ scorrono i rekord; i riquadri si spostano trascinandone il titolo.
 TASTIERA: Ctrl+O apre un file, Ctrl+Q esce; Pag giù e Pag su vanno al rekord
 seguente e precedente; Tab passa in ordine da un campo all'altro;
 Ctrl+Spazio sceglie il campo come un clic; Invio in un campo avvia la
-ricerca; Esc ferma una ricerca lunga o chiude un riquadro.
+ricerca; nell'elenco le frecce mostrano i rekord e Ctrl+C copia le righe;
+Esc ferma una ricerca lunga o chiude un riquadro.
 CAMPI VUOTI: scrivere un solo spazio e premere Invio; il modo abcdef trova i
 campi vuoti, abcdef* e *abcdef ogni rekord, gli altri modi i campi pieni.
 LIMITI: 200 campi, 50 parole da cercare, 32K di stampa, griglie di 800 X

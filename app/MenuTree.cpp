@@ -70,6 +70,23 @@ void MenuTree::setTicked(const QString& name, bool ticked)
     item(name).setChecked(ticked);
 }
 
+QString MenuTree::caption(const QString& name) const
+{
+    QString caption = item(name).text();
+    const QChar key = accessKeys_.value(name);
+    return key.isNull() ? caption : caption.remove(caption.indexOf(QLatin1Char('&')), 1);
+}
+
+void MenuTree::onClick(const QString& name, const std::function<void()>& handler)
+{
+    QAction* action = &item(name);
+    QObject::connect(action, &QAction::triggered, action, [this, action, handler] {
+        // Qt has set the tick already.
+        if (action->isCheckable()) action->toggle();
+        if (!isBlocked()) handler();
+    });
+}
+
 void MenuTree::setCaption(const QString& name, const QString& caption)
 {
     item(name).setText(withAccessKey(caption, accessKeys_.value(name)));

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QString>
 
+#include "view/MenuState.h"
+
 class QAction;
 class QMenuBar;
 class QMenu;
@@ -15,15 +17,20 @@ struct MenuRow;
 
 /// Whether an item is enabled follows from three things only: its row, whether a file is open, and the modes
 /// that are on. So whatever a mode disabled is enabled again when it ends.
-class MenuTree {
+class MenuTree : public MenuState {
 public:
     /// Fills `bar`; actions and menus get their row's name as objectName.
     explicit MenuTree(QMenuBar& bar);
 
     /// The item, or the entry of a menu or submenu, of that name; it exists for every row of the table.
     QAction& item(const QString& name) const;
-    bool isTicked(const QString& name) const;
-    void setTicked(const QString& name, bool ticked);
+    bool isTicked(const QString& name) const override;
+    void setTicked(const QString& name, bool ticked) override;
+    QString caption(const QString& name) const override;
+    void onClick(const QString& name, const std::function<void()>& handler) override;
+
+    /// Asked at each click; while it says so, clicks do nothing.
+    std::function<bool()> isBlocked = [] { return false; };
 
     /// Replaces a caption; keeps its access key.
     void setCaption(const QString& name, const QString& caption);

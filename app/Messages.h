@@ -8,6 +8,10 @@ inline constexpr char kProgram[] = "Quorvin";
 /// Prefixes of the boxes for errors; the error's description follows directly.
 inline constexpr char kError[] = "Errore!! ";
 inline constexpr char kFileError[] = "Errore file !! ";
+inline constexpr char kHitError[] = "Errore troppi rekord trovati !! ";
+
+/// Asked at each hit of a search that lists none.
+inline constexpr char kContinue[] = "continuo?";
 
 inline constexpr char kEmptyMatrix[] = " Attenzione !! Matrice di stampa vuota";
 

@@ -15,7 +15,6 @@ PreferencesFrame::PreferencesFrame(QWidget* parent) :
     Check4(addBox(QStringLiteral("Check4"), QStringLiteral("foglio Excel ")))
 {
     content()->addStretch();
-    Check2->setEnabled(false);
     Check4->setEnabled(false);
 }
 

@@ -7,8 +7,8 @@ class QCheckBox;
 
 namespace quorvin {
 
-/// Frame10 with its four check boxes. Check2 belongs to the search and Check4 to the spreadsheet; neither is
-/// part of this version, and they stay disabled.
+/// Frame10 with its four check boxes. Check4 belongs to the spreadsheet, which is not part of this version,
+/// and stays disabled.
 class PreferencesFrame : public TitledFrame {
     Q_OBJECT
 

@@ -44,6 +44,16 @@ void QtDialogs::message(BoxIcon icon, const QString& text)
     box.exec();
 }
 
+bool QtDialogs::question(BoxIcon icon, const QString& text)
+{
+    QMessageBox box(iconOf(icon), QLatin1String(messages::kProgram), text, QMessageBox::Yes | QMessageBox::No,
+                    window_);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 QString QtDialogs::openFile(const QString& filter, const QString& folder)
 {
     QFileDialog dialog(window_, QStringLiteral("apri file"), folder);

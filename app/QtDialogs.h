@@ -16,6 +16,7 @@ public:
     void setWindow(QWidget* window) { window_ = window; }
 
     void message(BoxIcon icon, const QString& text) override;
+    bool question(BoxIcon icon, const QString& text) override;
     QString openFile(const QString& filter, const QString& folder) override;
 
 private:

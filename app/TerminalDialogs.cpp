@@ -10,6 +10,12 @@ void TerminalDialogs::message(BoxIcon, const QString& text)
     QTextStream(stderr) << text << Qt::endl;
 }
 
+bool TerminalDialogs::question(BoxIcon icon, const QString& text)
+{
+    message(icon, text);
+    return false;
+}
+
 QString TerminalDialogs::openFile(const QString&, const QString&)
 {
     return {};

@@ -5,10 +5,11 @@
 
 namespace quorvin {
 
-/// Messages go to standard error; a question for a file is answered as by cancelling.
+/// Messages go to standard error; questions are answered by No or cancelling.
 class TerminalDialogs : public Dialogs {
 public:
     void message(BoxIcon icon, const QString& text) override;
+    bool question(BoxIcon icon, const QString& text) override;
     QString openFile(const QString& filter, const QString& folder) override;
 
     /// Whether there was any message.

@@ -2,14 +2,26 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QProgressBar>
+#include <QToolButton>
+#include <algorithm>
+
+#include "base/Text.h"
+#include "view/AnsiText.h"
 
 namespace quorvin {
 
 namespace {
 
-const QString kNoHits = QStringLiteral(" 0");
+const QString kSearching = QStringLiteral("  ...ricerca in corso");
 const QString kSearchDone = QStringLiteral("  ...fine ricerca");
 const QString kUsualMode = QStringLiteral(" ricerca     *abcdef*");
+
+constexpr int kProgressSteps = 1000;
+constexpr int kProgressWidth = 140;
+
+/// Milliseconds that a search may take before it shows its progress.
+constexpr qint64 kMoment = 200;
 
 }  // namespace
 
@@ -25,8 +37,30 @@ SearchStatus::SearchStatus(QWidget* parent) : QWidget(parent)
     // Long criteria are cut by the window's edge rather than widening the window.
     Label8->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     Label16 = addLabel(QStringLiteral("Label16"), QStringLiteral("stato della ricerca"));
+    addProgress();
     reset();
     cancella();
+}
+
+void SearchStatus::addProgress()
+{
+    progress_ = new QProgressBar(this);
+    progress_->setObjectName(QStringLiteral("searchProgress"));
+    progress_->setAccessibleName(QStringLiteral("avanzamento della ricerca"));
+    progress_->setRange(0, kProgressSteps);
+    progress_->setFixedWidth(kProgressWidth);
+    stop_ = new QToolButton(this);
+    stop_->setObjectName(QStringLiteral("searchStop"));
+    stop_->setText(QStringLiteral("ferma"));
+    stop_->setToolTip(QStringLiteral("ferma la ricerca (Esc)"));
+    stop_->setFocusPolicy(Qt::NoFocus);
+    connect(stop_, &QToolButton::clicked, this, &SearchStatus::stopRequested);
+    layout()->addWidget(progress_);
+    layout()->addWidget(stop_);
+    // The form above keeps its height when they come and go.
+    setMinimumHeight(std::max(stop_->sizeHint().height(), progress_->sizeHint().height()));
+    progress_->hide();
+    stop_->hide();
 }
 
 QLabel* SearchStatus::addLabel(const QString& name, const QString& purpose)
@@ -42,8 +76,8 @@ QLabel* SearchStatus::addLabel(const QString& name, const QString& purpose)
 
 void SearchStatus::cancella()
 {
-    Label3->setText(kNoHits);
-    Label8->clear();
+    showHits(0);
+    showCriteria({});
     Label16->setText(kSearchDone);
     Label16->hide();
 }
@@ -51,6 +85,50 @@ void SearchStatus::cancella()
 void SearchStatus::reset()
 {
     Label15->setText(kUsualMode);
+}
+
+void SearchStatus::showMode(const QString& caption)
+{
+    Label15->setText(caption);
+}
+
+void SearchStatus::showHits(double count)
+{
+    Label3->setText(fromAnsi(str(count)));
+}
+
+void SearchStatus::showCriteria(const QString& criteria)
+{
+    Label8->setText(criteria);
+    // The label may be too short for all of them.
+    Label8->setToolTip(criteria.isEmpty() ? Label8->accessibleName() : criteria);
+}
+
+void SearchStatus::showRunning()
+{
+    Label16->setText(kSearching);
+    Label16->show();
+    running_.start();
+}
+
+void SearchStatus::showDone()
+{
+    Label16->setText(kSearchDone);
+    progress_->hide();
+    stop_->hide();
+}
+
+void SearchStatus::showProgress(double share)
+{
+    progress_->setValue(qRound(share * kProgressSteps));
+    const bool takesTime = Label16->text() == kSearching && running_.elapsed() >= kMoment;
+    progress_->setVisible(takesTime);
+    stop_->setVisible(takesTime);
+}
+
+QWidget& SearchStatus::stopButton() const
+{
+    return *stop_;
 }
 
 }  // namespace quorvin

@@ -1,13 +1,17 @@
 /// The line at the window's foot that tells about the search: mode, number of hits, criteria, state.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 class QLabel;
+class QProgressBar;
+class QToolButton;
 
 namespace quorvin {
 
-/// Owns Label15 (mode), Label3 (hits), Label8 (criteria) and Label16 (state).
+/// Owns Label15 (mode), Label3 (hits), Label8 (criteria), Label16 (state) and, beside it, progress and stop
+/// button of a search that takes its time.
 class SearchStatus : public QWidget {
     Q_OBJECT
 
@@ -19,13 +23,32 @@ public:
     /// The usual search mode again.
     void reset();
 
+    void showMode(const QString& caption);
+    void showHits(double count);
+    void showCriteria(const QString& criteria);
+
+    /// A search runs; it is over.
+    void showRunning();
+    void showDone();
+    /// `share`: 0 to 1. Shown once the search has taken a moment.
+    void showProgress(double share);
+
+    QWidget& stopButton() const;
+
+signals:
+    void stopRequested();
+
 private:
     QLabel* addLabel(const QString& name, const QString& purpose);
+    void addProgress();
 
     QLabel* Label15;
     QLabel* Label3;
     QLabel* Label8;
     QLabel* Label16;
+    QProgressBar* progress_;
+    QToolButton* stop_;
+    QElapsedTimer running_;
 };
 
 }  // namespace quorvin

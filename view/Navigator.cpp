@@ -132,12 +132,15 @@ void Navigator::reset()
     Label9->clear();
     const QSignalBlocker silent(Text1);
     Text1->clear();
-    for (StepButton* button : {Command1, Command2})
-        button->stopRepeating();
+    stopRepeating();
     enableControls(false);
     paintWidget(*Command3, {});
-    // Comes into use together with the lists that it widens.
-    Command5->setEnabled(false);
+}
+
+void Navigator::stopRepeating()
+{
+    for (StepButton* button : {Command1, Command2})
+        button->stopRepeating();
 }
 
 void Navigator::start()
@@ -147,7 +150,7 @@ void Navigator::start()
 
 void Navigator::enableControls(bool enabled)
 {
-    const std::initializer_list<QWidget*> controls = {Command1, Command2, Command3, Text1};
+    const std::initializer_list<QWidget*> controls = {Command1, Command2, Command3, Command5, Text1};
     for (QWidget* control : controls)
         control->setEnabled(enabled);
 }
@@ -156,6 +159,11 @@ void Navigator::focusNumber()
 {
     Text1->setFocus();
     Text1->selectAll();
+}
+
+void Navigator::focusNext()
+{
+    Command1->setFocus();
 }
 
 void Navigator::typeNumber(const QString& number)
@@ -238,23 +246,42 @@ void Navigator::Text1_KeyPress()
     if (val(toAnsi(Text1->text())) != 0) emit epiDataRequested();
 }
 
+void Navigator::followInBox(RecordNumber n)
+{
+    const QSignalBlocker silent(Text1);
+    Text1->setText(QString::number(n));
+}
+
 void Navigator::showRecord(RecordNumber n)
 {
-    const QString number = QString::number(n);
-    {
-        const QSignalBlocker silent(Text1);
-        Text1->setText(number);
-    }
-    showRecord(n, number);
+    followInBox(n);
+    showRecord(n, Text1->text());
+}
+
+void Navigator::showFound(RecordNumber n)
+{
+    followInBox(n);
+    showNumber(n, Text1->text());
+    read(n);
 }
 
 void Navigator::showRecord(RecordNumber n, const QString& caption)
 {
-    currentRecord_ = n;
-    Label14->setText(caption);
+    showNumber(n, caption);
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
     clipboard->setText(QString::number(n));
+    read(n);
+}
+
+void Navigator::showNumber(RecordNumber n, const QString& caption)
+{
+    currentRecord_ = n;
+    Label14->setText(caption);
+}
+
+void Navigator::read(RecordNumber n)
+{
     try {
         recFile_.seek(n);
         caricarekord();

@@ -32,10 +32,14 @@ public:
     /// Puts a number on the clipboard and shows it and its record. Raises what reading raises; the boxes are
     /// then empty.
     void showRecord(RecordNumber n);
+    /// The same for a hit that a search pauses at; the clipboard stays as it is.
+    void showFound(RecordNumber n);
     /// Reads the record at the reading position and fills the boxes. Raises what reading raises; the boxes
     /// are then empty.
     void caricarekord();
     void showCount();
+    /// Opens the file anew, counts its records and shows the count. Raises what RecFile::recount does.
+    void recount();
 
     /// State without a file.
     void reset();
@@ -49,6 +53,9 @@ public:
     void pressNext();
     void pressPrevious();
     void focusNumber();
+    void focusNext();
+    /// Ends a hold of a step button.
+    void stopRepeating();
     /// Puts a number into Text1, as typing does.
     void typeNumber(const QString& number);
     /// A row of further controls, placed before Command5.
@@ -65,7 +72,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void followInBox(RecordNumber n);
+    void showNumber(RecordNumber n, const QString& caption);
     void showRecord(RecordNumber n, const QString& caption);
+    void read(RecordNumber n);
     void showSignal(bool deleted);
     void nameButton(QPushButton& button, const QString& name, const QString& purpose);
     void makeNumberControls();
@@ -73,7 +83,6 @@ private:
     void layOut();
     /// Runs one move; an error ends it.
     void attempt(const std::function<void()>& move);
-    void recount();
     void Text1_Change();
     void Text1_KeyPress();
 

@@ -100,6 +100,7 @@ void RecordView::makeControls(int n)
     f.Text2->setObjectName(elementName("Text2", n));
     f.Text2->installEventFilter(this);
     connect(f.Text2, &FieldBox::clicked, this, [this, n] { emit Text2_Click(n); });
+    connect(f.Text2, &FieldBox::returnPressed, this, [this, n] { emit Text2_KeyPress(n); });
     VScroll1->raise();
     if (n > 1) setTabOrder(field(n - 1).Text2, f.Text2);
 }
@@ -180,10 +181,15 @@ void RecordView::setValue(int n, const QString& value)
 
 void RecordView::azzeravar()
 {
-    for (int n = 1; n <= fieldCount_; ++n) {
+    for (int n = 1; n <= fieldCount_; ++n)
         field(n).Text2->empty();
+    enableBoxes();
+}
+
+void RecordView::enableBoxes()
+{
+    for (int n = 1; n <= fieldCount_; ++n)
         field(n).Text2->setEnabled(true);
-    }
 }
 
 void RecordView::Slider1_Change()

@@ -47,6 +47,7 @@ public:
     void setValue(int n, const QString& value);
     /// Empties and enables all boxes.
     void azzeravar();
+    void enableBoxes();
 
     /// "colori file originali": the file's own colours, or the usual ones.
     void useFileColours(bool on);
@@ -62,6 +63,8 @@ public:
 
 signals:
     void Text2_Click(int index);
+    /// Enter in a box.
+    void Text2_KeyPress(int index);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

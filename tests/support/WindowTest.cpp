@@ -15,6 +15,12 @@ void ScriptedDialogs::message(BoxIcon icon, const QString& text)
     messages.append((icon == BoxIcon::critical ? QStringLiteral("!") : QString()) + text);
 }
 
+bool ScriptedDialogs::question(BoxIcon icon, const QString& text)
+{
+    message(icon, text);
+    return yesAnswers-- > 0;
+}
+
 QString ScriptedDialogs::openFile(const QString& filter, const QString&)
 {
     askedFilter = filter;

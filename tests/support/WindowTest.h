@@ -19,9 +19,11 @@ namespace quorvin::test {
 class ScriptedDialogs : public Dialogs {
 public:
     void message(BoxIcon icon, const QString& text) override;
+    bool question(BoxIcon icon, const QString& text) override;
     QString openFile(const QString& filter, const QString& folder) override;
 
     QStringList messages;  ///< texts of the boxes, "!" before critical ones
+    int yesAnswers = 0;    ///< questions answered with Yes; all others with No
     QString fileToOpen;    ///< empty: cancel
     QString askedFilter;
 };

@@ -1,0 +1,33 @@
+/// Keeps the user's input away from the window while something long runs in it.
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+namespace quorvin {
+
+/// While closed, keys, clicks, the wheel, menu shortcuts and dropped files reach nothing but one control,
+/// which stops what runs, and Esc, which does the same. The window is still painted, moved, resized and
+/// closed.
+class InputGate : public QObject {
+    Q_OBJECT
+
+public:
+    /// `stopControl` must outlive the gate.
+    explicit InputGate(QWidget& stopControl, QObject* parent);
+
+    void close();
+    void open();
+
+signals:
+    void escapePressed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& stopControl_;
+};
+
+}  // namespace quorvin

@@ -1,0 +1,119 @@
+#include "search/SearchRun.h"
+
+#include <exception>
+
+#include "base/RuntimeError.h"
+
+namespace quorvin {
+
+namespace {
+
+/// Records, or lines, between two looks at the clock.
+constexpr RecordNumber kStep = 1000;
+
+/// Milliseconds that the window waits for a slice, and those between two showings of the progress.
+constexpr qint64 kSlice = 30;
+constexpr qint64 kProgress = 50;
+
+}  // namespace
+
+SearchRun::SearchRun(SearchDriver& driver, QWidget& stopControl, QObject* parent) :
+    QObject(parent),
+    driver_(driver),
+    gate_(stopControl, this)
+{
+    connect(&timer_, &QTimer::timeout, this, &SearchRun::slice);
+    connect(&gate_, &InputGate::escapePressed, this, &SearchRun::stop);
+}
+
+void SearchRun::start()
+{
+    running_ = true;
+    refused_ = false;
+    sinceProgress_.start();
+    gate_.close();
+    timer_.start(0);
+}
+
+void SearchRun::stop()
+{
+    driver_.stop();
+}
+
+void SearchRun::abandon()
+{
+    if (!running_) return;
+    timer_.stop();
+    gate_.open();
+    running_ = false;
+    driver_.stop();
+    driver_.hits().clear();
+    try {
+        while (driver_.advance(kStep) != SearchDriver::State::idle) {
+        }
+    } catch (const std::exception&) {
+        // Nobody is left to be told.
+    }
+}
+
+void SearchRun::slice()
+{
+    QElapsedTimer time;
+    time.start();
+    try {
+        while (driver_.state() == SearchDriver::State::running && time.elapsed() < kSlice)
+            driver_.advance(kStep);
+        if (driver_.state() == SearchDriver::State::atHit) pauseAtHit();
+    } catch (const std::exception&) {
+        const RuntimeError error = currentError();
+        rest([this, &error] { emit failed(error); });
+    }
+    if (!running_) return;
+    if (driver_.state() == SearchDriver::State::idle) {
+        finish();
+    } else if (sinceProgress_.elapsed() >= kProgress) {
+        sinceProgress_.restart();
+        emit progressed();
+    }
+}
+
+void SearchRun::pauseAtHit()
+{
+    bool goOn = false;
+    rest([this, &goOn] {
+        try {
+            goOn = showAndAsk(driver_.position());
+            refused_ = !goOn;
+        } catch (const std::exception&) {
+            emit failed(currentError());
+        }
+    });
+    if (!running_) return;
+    if (goOn) {
+        driver_.goOn();
+    } else {
+        driver_.refuse();
+    }
+}
+
+/// Puts a box in front of the search. It needs its input, and runs timers, which must not reach the search.
+void SearchRun::rest(const std::function<void()>& box)
+{
+    timer_.stop();
+    gate_.open();
+    box();
+    // The window may have been closed meanwhile.
+    if (!running_) return;
+    gate_.close();
+    timer_.start(0);
+}
+
+void SearchRun::finish()
+{
+    timer_.stop();
+    gate_.open();
+    running_ = false;
+    emit finished(refused_);
+}
+
+}  // namespace quorvin

@@ -1,0 +1,33 @@
+/// The menu items as the parts of the window see them: ticks to read and set, captions to show, clicks to
+/// handle.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+namespace quorvin {
+
+/// Options and modes are ticks of menu items; whoever needs one reads it when it runs. Names are the items'.
+class MenuState {
+public:
+    MenuState() = default;
+    MenuState(const MenuState&) = delete;
+    MenuState& operator=(const MenuState&) = delete;
+    virtual ~MenuState() = default;
+
+    virtual bool isTicked(const QString& name) const = 0;
+    virtual void setTicked(const QString& name, bool ticked) = 0;
+    /// Inverts a tick and returns its new state.
+    bool toggle(const QString& name)
+    {
+        const bool ticked = !isTicked(name);
+        setTicked(name, ticked);
+        return ticked;
+    }
+    /// The caption as it reads, without the mark of its access key.
+    virtual QString caption(const QString& name) const = 0;
+    /// Has `handler` run at each click on an item. Handlers set the tick themselves.
+    virtual void onClick(const QString& name, const std::function<void()>& handler) = 0;
+};
+
+}  // namespace quorvin
