@@ -9,10 +9,19 @@ data=$build/data
 mkdir -p "$data"
 export QT_QPA_PLATFORM=offscreen
 
+echo "== one comparison"
+"$bin/matcher_bench" --benchmark_color=false 2> /dev/null
+
+# A text that few records hold, and only in this letter case, so that all count the same.
+few=Frézet
+few_ansi=$(printf 'Fr\351zet')
+command -v rg > /dev/null && rg=yes || rg=
+
 for records in ${RECORDS:-1000000 10000000}; do
     file=$data/$records.rec
     [ -f "$file" ] || "$bin/mkrec" "$records" "$file"
     cat "$file" > /dev/null
+    cerca="$bin/quorvin-cli cerca $file"
     last=$(($(wc -c < "$file") - 157 + 1))
     echo
     echo "== $records records, $(wc -c < "$file") bytes, in the page cache"
@@ -23,7 +32,23 @@ for records in ${RECORDS:-1000000 10000000}; do
 quorvin-cli info	$bin/quorvin-cli info $file
 quorvin-cli mostra, last record	$bin/quorvin-cli mostra $file $records
 tail -c +$last (the last record by its byte)	tail -c +$last $file
-wc -l	wc -l $file
+COMMANDS
+    echo
+    # grep stops at the first match when it writes to the null device.
+    "$bin/compare" <<COMMANDS
 cat	cat $file
+quorvin-cli cerca, mode 4, few hits	$cerca -c COGNOME=$few
+quorvin-cli cerca, mode 4, field over two lines	$cerca -c DIAGNOSI=$few || true
+quorvin-cli cerca, mode 1	$cerca --modo 1 -c COGNOME=Rossi
+quorvin-cli cerca, mode 6	$cerca --modo 6 -c 'NOTE=portatore pacemaker'
+quorvin-cli cerca, mode 8	$cerca --modo 8 -c 'ETA=>80 <85'
+quorvin-cli cerca, two fields	$cerca -c COGNOME=Rossi -c COMUNE=Milano
+quorvin-cli cerca, every record a hit	$cerca -c 'COGNOME= '
+wc -l	wc -l $file
+grep -c	LC_ALL=C grep -c -a $few_ansi $file | cat
+grep -c -i	LC_ALL=C grep -c -a -i $few_ansi $file | cat
+awk substr	LC_ALL=C awk 'index(substr(\$0, 1, 18), "$few_ansi") { n++ } END { print n + 0 }' $file
+${rg:+rg -c	rg -c -a --no-config '(?-u)Fr\\xe9zet' $file
+rg -c -i	rg -c -i -a --no-config '(?-u)Fr\\xe9zet' $file}
 COMMANDS
 done
