@@ -1,7 +1,6 @@
 #include "rec/RecordScanner.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 #include "base/Ansi.h"
@@ -158,11 +157,12 @@ bool RecordScanner::areRegular(std::size_t first, std::size_t count) const
 bool RecordScanner::isRegular(const char* record) const
 {
     return std::all_of(lines_.begin(), lines_.end(), [&](const Line& line) {
-        const char* text = record + line.start;
-        if (!standAt(text + line.length, lineEnd_, 0, 1)) return false;
-        if (std::memchr(text, '\n', line.length) || std::memchr(text, kEndOfText, line.length)) return false;
+        const std::string_view text(record + line.start, line.length);
+        if (!standAt(text.data() + text.size(), lineEnd_, 0, 1)) return false;
+        if (text.find('\n') != std::string_view::npos || text.find(kEndOfText) != std::string_view::npos)
+            return false;
         // A CR before a lone LF would be dropped with it.
-        return lineEnd_ == 2 || line.length == 0 || text[line.length - 1] != '\r';
+        return lineEnd_ == 2 || !text.ends_with('\r');
     });
 }
 
@@ -182,7 +182,8 @@ bool RecordScanner::readFromBlock()
     std::string_view rest(record_, static_cast<std::size_t>(block_ + inBlock_ * stride_ - record_));
     for (std::size_t j = 0; j < lines_.size(); ++j) {
         const std::size_t end = rest.find('\n');
-        if (end > static_cast<std::size_t>(kMaxLineLength) || end == std::string_view::npos) return false;
+        // Too long, or none.
+        if (end > static_cast<std::size_t>(kMaxLineLength)) return false;
         std::string_view line = rest.substr(0, end);
         if (line.find(kEndOfText) != std::string_view::npos) return false;
         if (line.ends_with('\r')) line.remove_suffix(1);

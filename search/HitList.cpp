@@ -65,7 +65,8 @@ void HitList::store(std::string_view line)
 
 std::string_view HitList::sortText(std::size_t line) const
 {
-    return lines_[line].substr(0, lines_[line].rfind(" ["));
+    // The last bracket is the number's, and a blank stands before it.
+    return lines_[line].substr(0, lines_[line].rfind('[') - 1);
 }
 
 bool HitList::sort(std::size_t steps)

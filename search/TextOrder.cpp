@@ -62,6 +62,7 @@ bool TextOrder::run(std::size_t steps)
             current_ = unordered_.back();
             unordered_.pop_back();
             loaded_ = 0;
+            ascending_ = true;
         }
     }
     return false;
@@ -71,10 +72,16 @@ void TextOrder::loadSome()
 {
     const std::size_t from = current_.from + loaded_;
     const std::size_t to = std::min(from + kStep, current_.to);
-    for (std::size_t i = from; i < to; ++i)
+    for (std::size_t i = from; i < to; ++i) {
         items_[i].key = keyOf(items_[i].number, current_.depth);
+        ascending_ = ascending_ && (i == current_.from || !(items_[i] < items_[i - 1]));
+    }
     loaded_ += to - from;
     if (to < current_.to) return;
+    if (ascending_) {
+        split();
+        return;
+    }
     sort_.emplace(std::span(items_).subspan(current_.from, current_.to - current_.from), buffer_);
 }
 

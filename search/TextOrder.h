@@ -52,6 +52,7 @@ private:
     std::vector<Run> unordered_;
     Run current_{};
     std::size_t loaded_ = 0;  ///< items of the current run that have their key
+    bool ascending_ = true;   ///< those keys, as they stand
     std::optional<StepwiseSort<Item>> sort_;
 };
 
