@@ -48,7 +48,6 @@ constexpr int kHintMilliseconds = 6000;
 /// Places on the form: left, top, width, height in columns and lines; 0 reaches to the edge.
 constexpr QRectF kNavigatorPlace(0, 0, 0, RecordView::kTopLines);
 constexpr QRectF kRecordPlace(0, RecordView::kTopLines, 0, 0);
-constexpr QRectF kNorecPlace(122, 41, 2, 1);
 constexpr QRectF kInvitationPlace(0, 12, 0, 6);
 constexpr QRectF kGuidePlace(3, 3, 84, 37);
 constexpr QRectF kLimitsPlace(40, 8, 56, 18);
@@ -91,7 +90,6 @@ void Formstart::buildForm()
     searchPanel_ = new SearchPanel(
         {recFile_, selections_, *recordView_, *navigator_, menuTree_, *searchStatus_}, canvas_);
     canvas_->place(&searchPanel_->Frame3(), RangeFrame::place());
-    canvas_->place(&searchPanel_->norecSign(), kNorecPlace);
     placeSearchPanel();
 
     Label7 = new QLabel(fromUtf8Text(messages::kInvitation), canvas_);
@@ -125,6 +123,7 @@ void Formstart::buildForm()
     scroll->setWidget(canvas_);
     setCentralWidget(scroll);
     statusBar()->addWidget(searchStatus_, 1);
+    statusBar()->addPermanentWidget(&searchPanel_->norecSign());
 }
 
 TextFrame* Formstart::addTextFrame(const QString& menu, TextFrame* frame, const QRectF& place)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 
 #include "base/Text.h"
 
@@ -72,9 +73,21 @@ std::string_view HitList::sortText(std::size_t line) const
 bool HitList::sort(std::size_t steps)
 {
     if (kind_ != HitListKind::List2 || sorted_) return true;
-    if (!order_) order_.emplace(lines_.size(), [this](std::size_t line) { return sortText(line); });
-    sorted_ = order_->run(steps);
+    try {
+        if (!order_) order_.emplace(lines_.size(), [this](std::size_t line) { return sortText(line); });
+        sorted_ = order_->run(steps);
+    } catch (const std::exception&) {
+        giveUpSorting();
+        throw;
+    }
     return sorted_;
+}
+
+void HitList::giveUpSorting()
+{
+    if (sorted_) return;
+    order_.reset();
+    sorted_ = true;
 }
 
 std::size_t HitList::rowCount() const
@@ -84,7 +97,7 @@ std::size_t HitList::rowCount() const
 
 std::string_view HitList::line(std::size_t row) const
 {
-    return kind_ == HitListKind::List2 ? lines_[order_->at(row)] : lines_[row];
+    return order_ ? lines_[order_->at(row)] : lines_[row];
 }
 
 double recordNumberOf(HitListKind kind, std::string_view line)

@@ -42,8 +42,10 @@ public:
 
     /// Puts the lines of List2 in order: by the text before the number, in capitals of the code page,
     /// compared by code, and equal texts by record number. Goes on for about `steps` lines; true when they
-    /// are.
+    /// are. Raises what lack of memory raises; the lines then stay in the order of the records.
     bool sort(std::size_t steps);
+    /// Leaves lines that are not yet in order in the order of the records.
+    void giveUpSorting();
 
     HitListKind kind() const { return kind_; }
     /// Lines that are in their place: all of them, but none of List2 before they are sorted.

@@ -38,6 +38,8 @@ void HitListModel::empty()
 
 void HitListModel::setCharacterSize(QSize size)
 {
+    if (size == characterSize_) return;
+    emit layoutAboutToBeChanged();
     characterSize_ = size;
     emit layoutChanged();
 }

@@ -5,7 +5,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
+#include <iterator>
 #include <new>
+#include <utility>
 
 namespace quorvin {
 
@@ -27,19 +29,24 @@ void HitListView::mousePressEvent(QMouseEvent* event)
         emit rightPressed(selectionModel()->hasSelection() ? currentIndex().row() : -1);
         return;
     }
+    pressed_ = event->button() == Qt::LeftButton;
     QListView::mousePressEvent(event);
 }
 
 void HitListView::mouseReleaseEvent(QMouseEvent* event)
 {
     QListView::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton) emit lineClicked(indexAt(event->position().toPoint()).row());
+    if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
+    // Lines selected by drawing the pointer out of the list end with the current one.
+    const QPoint place = event->position().toPoint();
+    const QModelIndex line = viewport()->rect().contains(place) ? indexAt(place) : currentIndex();
+    emit lineClicked(line.row());
 }
 
 void HitListView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    // The second press of two quick clicks on different lines.
-    QListView::mousePressEvent(event);
+    // The second of two quick clicks, maybe on another line.
+    mousePressEvent(event);
 }
 
 void HitListView::keyPressEvent(QKeyEvent* event)
@@ -48,18 +55,23 @@ void HitListView::keyPressEvent(QKeyEvent* event)
         copySelection();
         return;
     }
+    constexpr int kMoves[] = {Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
+                              Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    constexpr int kClicks[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space};
+    const auto isOneOf = [event](const auto& keys) {
+        return std::find(std::begin(keys), std::end(keys), event->key()) != std::end(keys);
+    };
     const QModelIndex before = currentIndex();
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     // A list that has just got the focus stands before its first line, not on it.
-    const bool first = event->key() == Qt::Key_Down && !selectionModel()->hasSelection();
-    if (enter || first) {
-        if (!before.isValid()) return;
-        setCurrentIndex(before);
-        emit lineClicked(before.row());
-        return;
-    }
-    QListView::keyPressEvent(event);
-    if (currentIndex() != before) emit lineClicked(currentIndex().row());
+    const bool fresh = !selectionModel()->hasSelection();
+    const bool click = isOneOf(kClicks) || (fresh && event->key() == Qt::Key_Down);
+    if (!click) QListView::keyPressEvent(event);
+    const bool arrived = click || (fresh && isOneOf(kMoves));
+    if (arrived) setCurrentIndex(currentIndex());
+    if (currentIndex().isValid() && (arrived || currentIndex() != before))
+        emit lineClicked(currentIndex().row());
+    // At the list's ends they must not move on through all records.
+    if (isOneOf(kMoves) || isOneOf(kClicks)) event->accept();
 }
 
 void HitListView::keyboardSearch(const QString& typed)

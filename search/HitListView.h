@@ -32,6 +32,8 @@ protected:
 
 private:
     void copySelection();
+
+    bool pressed_ = false;  ///< the left button went down here
 };
 
 }  // namespace quorvin

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWidget>
 
 namespace quorvin {
@@ -20,17 +21,19 @@ void InputGate::open()
 
 bool InputGate::eventFilter(QObject* watched, QEvent* event)
 {
+    // Input comes to the window first, which hands it on; a press met only at the control would already have
+    // moved the focus.
+    const bool forScreen = watched->isWidgetType() || watched->isWindowType();
     switch (event->type()) {
     case QEvent::Shortcut:
         return true;
     case QEvent::KeyPress:
-        if (watched->isWidgetType() && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
-            emit escapePressed();
-        return watched->isWidgetType();
+        if (forScreen && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) emit escapePressed();
+        return forScreen;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
-        return watched->isWidgetType() && watched != &stopControl_;
+        return forScreen && !isForStopControl(*static_cast<QMouseEvent*>(event));
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
     case QEvent::InputMethod:
@@ -42,11 +45,16 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event)
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:
-        // What comes for the window itself is handed on to its controls, and met there.
-        return watched->isWidgetType();
+        return forScreen;
     default:
         return false;
     }
+}
+
+bool InputGate::isForStopControl(const QMouseEvent& event) const
+{
+    const QPoint place = stopControl_.mapFromGlobal(event.globalPosition().toPoint());
+    return stopControl_.isVisible() && stopControl_.rect().contains(place);
 }
 
 }  // namespace quorvin

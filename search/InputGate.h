@@ -3,6 +3,7 @@
 
 #include <QObject>
 
+class QMouseEvent;
 class QWidget;
 
 namespace quorvin {
@@ -27,6 +28,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isForStopControl(const QMouseEvent& event) const;
+
     QWidget& stopControl_;
 };
 

@@ -30,7 +30,7 @@ SearchDriver::Started SearchDriver::start(const SearchQuery& query)
             consumer->searchStarts(searchStart_, searchEnd_);
     } catch (const std::exception&) {
         endScan(SearchEnd::failed);
-        throw;
+        finish(std::current_exception());
     }
     return started;
 }
@@ -204,17 +204,30 @@ void SearchDriver::goOn()
 
 void SearchDriver::refuse()
 {
+    endAtHit(SearchEnd::refused);
+}
+
+void SearchDriver::fail()
+{
+    endAtHit(SearchEnd::failed);
+}
+
+void SearchDriver::endAtHit(SearchEnd end)
+{
     if (state_ != State::atHit) return;
     state_ = State::running;
-    endScan(SearchEnd::refused);
+    endScan(end);
 }
 
 void SearchDriver::stop()
 {
-    if (state_ != State::idle && !scanned_) {
-        state_ = State::running;
-        endScan(SearchEnd::stopped);
+    if (state_ == State::idle) return;
+    if (scanned_) {
+        hits_.giveUpSorting();
+        return;
     }
+    state_ = State::running;
+    endScan(SearchEnd::stopped);
 }
 
 /// Leaves the rest, the order of the list and the end, to `advance`.
@@ -225,11 +238,11 @@ void SearchDriver::endScan(SearchEnd end)
     end_ = end;
 }
 
-void SearchDriver::finish()
+/// Ends the search for everybody and raises `failure`, or the first of theirs.
+void SearchDriver::finish(std::exception_ptr failure)
 {
     state_ = State::idle;
     criteria_ += str(hitCount_);
-    std::exception_ptr failure;
     for (SearchConsumer* consumer : consumers_) {
         try {
             consumer->searchEnds(end_, criteria_);

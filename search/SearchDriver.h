@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,7 @@ public:
     void addConsumer(SearchConsumer& consumer) { consumers_.push_back(&consumer); }
 
     /// Empties the results of the search before and begins: sets the criteria, recounts the file, checks the
-    /// range. Raises what recounting raises; nothing runs then.
+    /// range. Raises what recounting or a consumer raises; nothing runs then.
     Started start(const SearchQuery& query);
 
     /// Tests at most `most` records, or orders about as many lines of the list, and tells how the search
@@ -44,12 +45,14 @@ public:
     /// the file was cut short meanwhile, 9 for too many words.
     State advance(RecordNumber most);
 
-    /// Answers at a hit: the hit counts and the search goes on, or the search ends before anybody sees it.
+    /// Answers at a hit: the hit counts and the search goes on, or the search ends before anybody sees it, by
+    /// the user's No or because the hit cannot be shown. `advance` until idle.
     void goOn();
     void refuse();
+    void fail();
 
     /// Ends a running search as if the last record had been reached. The list may still have to be put in
-    /// order: `advance` until idle.
+    /// order: `advance` until idle. Once more, it leaves the list as it is.
     void stop();
 
     /// Forgets the results.
@@ -87,7 +90,8 @@ private:
     void takeHit();
     void passHit();
     void endScan(SearchEnd end);
-    void finish();
+    void endAtHit(SearchEnd end);
+    void finish(std::exception_ptr failure = nullptr);
 
     RecFile& file_;
     RecordScanner scanner_;

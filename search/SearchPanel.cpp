@@ -1,6 +1,5 @@
 #include "search/SearchPanel.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <exception>
@@ -48,7 +47,6 @@ SearchPanel::SearchPanel(const SearchParts& parts, QWidget* form) :
 {
     frame3_->hide();
     norecSign_->setObjectName(QStringLiteral("norecSign"));
-    norecSign_->setAlignment(Qt::AlignCenter);
     norecSign_->setToolTip(QStringLiteral("i rekord cancellati in EpiData sono saltati"));
     norecSign_->hide();
     run_.showAndAsk = [this](RecordNumber n) { return showAndAsk(n); };
@@ -122,7 +120,6 @@ void SearchPanel::ricparz_Click()
     frame3_->Text3->clear();
     frame3_->Text4->clear();
     frame3_->show();
-    frame3_->raise();
     frame3_->Text3->setFocus();
     emit placesChanged();
 }
@@ -130,7 +127,6 @@ void SearchPanel::ricparz_Click()
 void SearchPanel::norec_Click()
 {
     norecSign_->setVisible(parts_.menu.toggle(kNorec));
-    norecSign_->raise();
 }
 
 void SearchPanel::eliminapuntegg_Click()
@@ -249,6 +245,8 @@ void SearchPanel::start(const SearchQuery& query)
 {
     lists_.empty();
     parts_.navigator.stopRepeating();
+    // What was said before must not stand over the progress.
+    emit hint({});
     SearchDriver::Started started = SearchDriver::Started::running;
     try {
         started = driver_.start(query);

@@ -14,7 +14,6 @@ class QLabel;
 
 namespace quorvin {
 
-class FormScale;
 class MenuState;
 class Navigator;
 class RecordView;
@@ -74,7 +73,7 @@ signals:
     void epiDataRequested();
     /// The lists or Frame3 came, went or changed their size.
     void placesChanged();
-    /// Something worth a word in passing.
+    /// Something worth a word in passing; an empty text takes the last one back.
     void hint(const QString& text);
 
 private:

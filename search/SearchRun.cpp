@@ -79,21 +79,16 @@ void SearchRun::slice()
 
 void SearchRun::pauseAtHit()
 {
-    bool goOn = false;
-    rest([this, &goOn] {
+    auto answer = &SearchDriver::fail;
+    rest([this, &answer] {
         try {
-            goOn = showAndAsk(driver_.position());
-            refused_ = !goOn;
+            refused_ = !showAndAsk(driver_.position());
+            answer = refused_ ? &SearchDriver::refuse : &SearchDriver::goOn;
         } catch (const std::exception&) {
             emit failed(currentError());
         }
     });
-    if (!running_) return;
-    if (goOn) {
-        driver_.goOn();
-    } else {
-        driver_.refuse();
-    }
+    if (running_) (driver_.*answer)();
 }
 
 /// Puts a box in front of the search. It needs its input, and runs timers, which must not reach the search.

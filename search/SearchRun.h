@@ -24,7 +24,7 @@ public:
     /// Runs the search that the driver has started.
     void start();
     bool isRunning() const { return running_; }
-    /// Ends the search with what it has found; a list may still be put in order.
+    /// Ends the search with what it has found; a list is still put in order, unless this is called once more.
     void stop();
     /// Ends it at once, for good: the hits are given up, nothing is shown any more.
     void abandon();

@@ -78,7 +78,7 @@ void SearchStatus::cancella()
 {
     showHits(0);
     showCriteria({});
-    Label16->setText(kSearchDone);
+    showDone();
     Label16->hide();
 }
 
@@ -120,7 +120,8 @@ void SearchStatus::showDone()
 
 void SearchStatus::showProgress(double share)
 {
-    // The end of the records is not yet the end: a list may have to be put in order, for nobody knows how long.
+    // The end of the records is not yet the end: a list may have to be put in order, for nobody knows how
+    // long.
     progress_->setMaximum(share < 1 ? kProgressSteps : 0);
     progress_->setValue(qRound(share * kProgressSteps));
     const bool takesTime = Label16->text() == kSearching && running_.elapsed() >= kMoment;

@@ -38,17 +38,22 @@ void FieldBox::showValue(const QString& value)
     setCursorPosition(0);
 }
 
+void FieldBox::mousePressEvent(QMouseEvent* event)
+{
+    QLineEdit::mousePressEvent(event);
+    pressed_ = event->button() == Qt::LeftButton;
+}
+
 void FieldBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QLineEdit::mouseReleaseEvent(event);
-    const bool second = std::exchange(doubleClicked_, false);
-    if (second || event->button() != Qt::LeftButton) return;
+    if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
     if (rect().contains(event->position().toPoint())) emit clicked();
 }
 
 void FieldBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    doubleClicked_ = event->button() == Qt::LeftButton;
+    pressed_ = false;
     QLineEdit::mouseDoubleClickEvent(event);
 }
 

@@ -22,6 +22,7 @@ signals:
     void clicked();
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -29,7 +30,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    bool doubleClicked_ = false;
+    bool pressed_ = false;  ///< the left button went down here, for the first time
 };
 
 }  // namespace quorvin

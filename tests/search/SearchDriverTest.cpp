@@ -204,6 +204,13 @@ TEST_F(SearchDriverTest, StoppingKeepsWhatWasFound)
     EXPECT_EQ(finish(), 0);
     EXPECT_EQ(consumer_.log, "starts 1-4, matched B, hit b, matched A, hit a, stopped");
     EXPECT_EQ(lines(), (Lines{"a  [3]", "b  [1]"}));
+
+    driver_.start(query(7, {1}, {"a b"}, "sort"));
+    driver_.advance(4);
+    driver_.stop();
+    driver_.stop();
+    EXPECT_EQ(finish(), 0);
+    EXPECT_EQ(lines(), (Lines{"b  [1]", "a  [3]", "a  [4]"})) << "stopped once more, while they are sorted";
 }
 
 TEST_F(SearchDriverTest, AConsumerThatFailsEndsTheSearch)

@@ -120,7 +120,10 @@ TEST_F(SearchPanelTest, StepModePausesAtEachHitUntilNo)
 {
     QApplication::clipboard()->setText(text("kept"));
     dialogs_.yesAnswers = 1;
+    // The question takes its input like any box.
+    dialogs_.whileAsking = [this] { QTest::keyClick(&control("Text3"), Qt::Key_7); };
     search({{1, "roma"}});
+    EXPECT_EQ(control<QLineEdit>("Text3").text(), text("77"));
     EXPECT_EQ(dialogs_.messages, QStringList({text("continuo?"), text("continuo?")}));
     EXPECT_EQ(caption("Label14"), text("2"));
     EXPECT_EQ(clipboard(), text("kept"));
@@ -170,7 +173,7 @@ TEST_F(SearchPanelTest, AClickOrAKeyOnALineShowsItsRecord)
 {
     choose("elencorekord");
     search({{1, "roma"}});
-    test::append(file(), test::rec({{}}).record({}).bytes());
+    test::append(file(), std::string(48, 'x') + "!\r\n");
     clickLine("List1", 1);
     EXPECT_EQ(caption("Label14"), text("2"));
     EXPECT_EQ(clipboard(), text("2"));
@@ -186,11 +189,65 @@ TEST_F(SearchPanelTest, AClickOrAKeyOnALineShowsItsRecord)
     EXPECT_EQ(clipboard(), text(" 1. Roma \n 2. ROMANO \n"));
     click("Command1");
     EXPECT_EQ(caption("Label14"), text("3")) << "steps go on from the hit";
+    EXPECT_EQ(caption("Label9"), text(" 6 ")) << "a click sees what was added";
 
+    useEpiDataStub();
+    clickLine("List1", 0, Qt::RightButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return epiDataStarted(); }));
+    clickLine("List1", 2);
+    EXPECT_EQ(clipboard(), text("4")) << "the file is open again";
     std::filesystem::resize_file(file(), std::filesystem::file_size(file()) / 2);
     clickLine("List1", 3);
     EXPECT_EQ(dialogs_.messages,
               QStringList(text("!Errore troppi rekord trovati !! Input oltre la fine del file")));
+}
+
+TEST_F(SearchPanelTest, KeysStayAmongTheHits)
+{
+    choose("elencorekord");
+    QWidget& list = control("List1");
+    struct Case {
+        Qt::Key fresh;  ///< the first key after the search
+        std::vector<Qt::Key> keys;
+        const char* record;
+    };
+    for (const Case& c :
+         {Case{Qt::Key_Down, {}, "1"}, Case{Qt::Key_Home, {Qt::Key_PageUp, Qt::Key_Up}, "1"},
+          Case{Qt::Key_Return, {Qt::Key_Down}, "2"}, Case{Qt::Key_Space, {}, "1"},
+          Case{Qt::Key_End, {Qt::Key_PageDown, Qt::Key_Down}, "5"}, Case{Qt::Key_PageDown, {}, "5"}}) {
+        choose("eliminapuntegg");
+        search({{1, "roma"}});
+        clickLine("List1", 0, Qt::RightButton);
+        EXPECT_FALSE(epiDataStarted()) << "no line is selected";
+        QTest::keyClick(&list, c.fresh);
+        for (const Qt::Key key : c.keys)
+            QTest::keyClick(&list, key);
+        EXPECT_EQ(clipboard(), text(c.record)) << c.fresh;
+        EXPECT_EQ(caption("Label14"), text(c.record)) << c.fresh;
+    }
+}
+
+TEST_F(SearchPanelTest, OptionsThatStartAfreshAndAnotherFile)
+{
+    for (const char* option : {"elencorekord", "eliminapuntegg"}) {
+        click("Text2(1)");
+        type("Text2(1)", text("x"));
+        choose(option);
+        EXPECT_EQ(value(1), QString()) << option;
+        EXPECT_NE(background("Text2(1)"), QColor(0xC0, 0, 0xC0)) << option;
+    }
+    choose("ricparz");
+    control<QLineEdit>("Text3").setText(text("1"));
+    choose("ricparz");
+    EXPECT_EQ(control<QLineEdit>("Text3").text(), QString());
+    choose("norec");
+    choose("norec");
+    EXPECT_FALSE(control("norecSign").isVisible());
+    choose("norec");
+    open(test::rec({{}}).records(1));
+    for (const char* name : {"List1", "List2", "Frame3", "norecSign"})
+        EXPECT_FALSE(control(name).isVisible()) << name;
+    EXPECT_EQ(caption("Label15"), text(" ricerca     *abcdef*"));
 }
 
 TEST_F(SearchPanelTest, SortedLinesStandInTheSideList)
@@ -212,10 +269,13 @@ TEST_F(SearchPanelTest, SortedLinesStandInTheSideList)
     EXPECT_EQ(clipboard(), text("2")) << "the first bracket misleads";
     clickLine("List2", 3);
     EXPECT_EQ(clipboard(), text("1"));
-    const QRect usual = control("List2").geometry();
+    // 1024 pixels are 124 columns of 8, the form's height 42 lines.
+    EXPECT_EQ(control("List2").x(), 99 * 8);
+    EXPECT_EQ(control("List2").width(), 193);
     click("Command5");
     EXPECT_TRUE(item("maxel").isChecked());
-    EXPECT_GT(control("List2").width(), usual.width());
+    EXPECT_EQ(control("List2").x(), 83 * 8);
+    EXPECT_EQ(control("List2").width(), 40 * 8);
     EXPECT_EQ(control("List2").geometry(), control("List1").geometry());
     EXPECT_LE(control("VScroll1").parentWidget()->geometry().right(), control("List2").x());
     type("Text2(2)", text("fitto"));
@@ -272,6 +332,7 @@ TEST_F(SearchPanelTest, EscapeEndsALongSearchWithWhatItFound)
 {
     startLongSearch();
     QTest::keyClick(&control("Text2(1)"), Qt::Key_Return);
+    item("note").trigger();
     QTest::keyClick(form_.get(), Qt::Key_F1);
     QTest::mouseClick(&control("Command1"), Qt::LeftButton);
     EXPECT_FALSE(control("Frame7").isVisible()) << "no input is acted on meanwhile";

@@ -18,6 +18,7 @@ void ScriptedDialogs::message(BoxIcon icon, const QString& text)
 bool ScriptedDialogs::question(BoxIcon icon, const QString& text)
 {
     message(icon, text);
+    whileAsking();
     return yesAnswers-- > 0;
 }
 
@@ -63,6 +64,11 @@ void WindowTest::click(const char* name, Qt::MouseButton button)
     // A check box takes clicks on its mark and words only.
     const QPoint mark(8, widget.height() / 2);
     QTest::mouseClick(&widget, button, Qt::NoModifier, widget.inherits("QCheckBox") ? mark : QPoint());
+}
+
+void WindowTest::useEpiDataStub()
+{
+    qputenv("QUORVIN_EPIDATA", EPIDATA_STUB);
 }
 
 void WindowTest::type(const char* name, const QString& text)

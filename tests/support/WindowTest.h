@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 #include "app/Dialogs.h"
@@ -24,7 +25,8 @@ public:
 
     QStringList messages;  ///< texts of the boxes, "!" before critical ones
     int yesAnswers = 0;    ///< questions answered with Yes; all others with No
-    QString fileToOpen;    ///< empty: cancel
+    std::function<void()> whileAsking = [] {};
+    QString fileToOpen;  ///< empty: cancel
     QString askedFilter;
 };
 
@@ -47,6 +49,9 @@ protected:
     /// Triggers a menu item as a click on it does.
     void choose(const char* name) const;
     void click(const char* name, Qt::MouseButton button = Qt::LeftButton);
+    /// Has the program under test start a stub instead of EpiData, and whether it ran.
+    static void useEpiDataStub();
+    bool epiDataStarted() const { return std::filesystem::exists(file().string() + ".started"); }
     void type(const char* name, const QString& text);
 
     QString caption(const char* label);

@@ -16,11 +16,7 @@ namespace {
 const QColor kYellow(255, 255, 0);
 const QColor kNotDeleted(0xC8, 0xC8, 0xC8);
 
-class NavigatorTest : public test::WindowTest {
-protected:
-    bool started() const { return std::filesystem::exists(file().string() + ".started"); }
-    void useStub() { qputenv("QUORVIN_EPIDATA", EPIDATA_STUB); }
-};
+using NavigatorTest = test::WindowTest;
 
 TEST_F(NavigatorTest, StepsThroughTheRecords)
 {
@@ -162,7 +158,7 @@ TEST_F(NavigatorTest, AHoldEndsWhateverHappensToTheRelease)
 
 TEST_F(NavigatorTest, EpiDataIsStartedWithTheFile)
 {
-    useStub();
+    useEpiDataStub();
     struct Case {
         const char* name;
         std::function<void()> gesture;
@@ -177,7 +173,7 @@ TEST_F(NavigatorTest, EpiDataIsStartedWithTheFile)
         open(test::rec({{}}).records(2));
         type("Text1", QStringLiteral("2"));
         c.gesture();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return started(); }, 5000)) << c.name;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return epiDataStarted(); }, 5000)) << c.name;
         EXPECT_EQ(clipboard(), QStringLiteral("2"));
         click("Command2");
         EXPECT_EQ(value(1), QStringLiteral("r1   ")) << "the file is there again for the next step";
