@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include "app/CliReport.h"
-#include "base/Text.h"
 #include "rec/RecordScanner.h"
 
 namespace quorvin {
@@ -25,7 +24,7 @@ std::string csvItem(const std::string& value)
 
 }  // namespace
 
-void CsvPrinter::searchStarts(RecordNumber, RecordNumber)
+void CsvPrinter::searchStarts(const SearchQuery&, RecordNumber, RecordNumber)
 {
     const std::vector<std::string> names = fieldLabels(fields_);
     std::string row = "rekord";
@@ -39,14 +38,14 @@ void CsvPrinter::hit(RecordScanner& record)
 {
     std::string row = std::to_string(record.number());
     for (int n = 1; n <= fields_.fieldCount; ++n) {
-        if (fields_.length(n) > 0) row += ',' + csvItem(printable(rTrim(record.fieldValue(n))));
+        if (fields_.length(n) > 0) row += ',' + csvItem(onOneLine(record.fieldValue(n)));
     }
     std::cout << row << '\n';
 }
 
 JsonPrinter::JsonPrinter(const FieldTable& fields) : fields_(fields), names_(fieldLabels(fields)) {}
 
-void JsonPrinter::searchStarts(RecordNumber, RecordNumber)
+void JsonPrinter::searchStarts(const SearchQuery&, RecordNumber, RecordNumber)
 {
     std::cout << '[';
 }

@@ -16,7 +16,7 @@ public:
     /// `fields` must outlive the printer.
     explicit CsvPrinter(const FieldTable& fields) : fields_(fields) {}
 
-    void searchStarts(RecordNumber searchStart, RecordNumber searchEnd) override;
+    void searchStarts(const SearchQuery& query, RecordNumber searchStart, RecordNumber searchEnd) override;
     void hit(RecordScanner& record) override;
 
 private:
@@ -29,7 +29,7 @@ public:
     /// `fields` must outlive the printer.
     explicit JsonPrinter(const FieldTable& fields);
 
-    void searchStarts(RecordNumber searchStart, RecordNumber searchEnd) override;
+    void searchStarts(const SearchQuery& query, RecordNumber searchStart, RecordNumber searchEnd) override;
     void hit(RecordScanner& record) override;
     void searchEnds(SearchEnd end, std::string_view criteria) override;
 

@@ -1,12 +1,15 @@
 #include "app/CliReport.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <iostream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string_view>
 
 #include "base/Ansi.h"
 #include "base/CommandLine.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 
 namespace quorvin {
@@ -18,12 +21,6 @@ using Json = nlohmann::ordered_json;
 std::string utf8(std::string_view ansi)
 {
     return toUtf8(trim(ansi));
-}
-
-/// A text for the terminal, without its trailing blanks.
-std::string onOneLine(std::string_view text)
-{
-    return printable(rTrim(text));
 }
 
 /// `text` in UTF-8, blank-padded to `width` characters.
@@ -158,9 +155,13 @@ std::vector<std::string> fieldLabels(const FieldTable& fields)
     for (int n = 1; n <= fields.fieldCount; ++n) {
         if (fields.length(n) == 0) continue;
         const auto i = static_cast<std::size_t>(n);
-        std::string name = utf8(fields.fieldName[i]);
-        if (name.empty() || std::find(labels.begin(), labels.end(), name) != labels.end())
-            name = "#" + std::to_string(n);
+        std::string name = onOneLine(trim(fields.fieldName[i]));
+        const auto isTaken = [&labels](const std::string& label) {
+            return std::find(labels.begin(), labels.end(), label) != labels.end();
+        };
+        if (name.empty() || isTaken(name)) name = "#" + std::to_string(n);
+        while (isTaken(name))
+            name.insert(0, 1, '#');
         labels[i] = std::move(name);
     }
     return labels;
@@ -168,10 +169,26 @@ std::vector<std::string> fieldLabels(const FieldTable& fields)
 
 std::string printable(std::string_view text)
 {
+    constexpr char32_t kFirstPrintable = 0x20;
+    constexpr char32_t kDelete = 0x7F;
+    constexpr char32_t kLastControl = 0x9F;
     std::string line(text);
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    for (char& c : line) {
+        const char32_t character = toUnicode(c);
+        if (character < kFirstPrintable || (character >= kDelete && character <= kLastControl)) c = ' ';
+    }
     return toUtf8(line);
+}
+
+std::string onOneLine(std::string_view text)
+{
+    return std::string(rTrim(printable(text)));
+}
+
+void requireOutput()
+{
+    std::cout.flush();
+    if (!std::cout) throw RuntimeError(errno == ENOSPC ? ErrorNumber::diskFull : ErrorNumber::deviceError);
 }
 
 }  // namespace quorvin

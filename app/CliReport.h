@@ -28,7 +28,12 @@ std::string recordObject(const FieldTable& fields, const std::vector<std::string
                          RecordNumber number, bool deleted,
                          const std::function<std::string_view(int)>& value);
 
-/// A text for the terminal: tabs, line ends and other control characters print as blanks.
+/// A text for the terminal, UTF-8: tabs, line ends and other control characters print as blanks.
 std::string printable(std::string_view text);
+/// The same without its trailing blanks, those that were printed for something else too.
+std::string onOneLine(std::string_view text);
+
+/// Raises RuntimeError 61 or 57 when standard output takes no more.
+void requireOutput();
 
 }  // namespace quorvin

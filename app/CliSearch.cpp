@@ -80,12 +80,13 @@ void checkMode(const CliSearchOptions& options)
 {
     const auto mode = static_cast<SearchMode>(options.mode);
     if (options.eliminapuntegg && !testsFieldByField(mode)) fail("--eliminapuntegg vale per i modi da 1 a 5");
-    if (!options.unirek.empty() && !worksWithJoinedFields(mode)) fail("--unirek non vale per il modo 8");
+    if (options.unirek && !worksWithJoinedFields(mode)) fail("--unirek non vale per il modo 8");
 }
 
-void printLines(HitList& hits, bool quiet)
+/// Prints and forgets lines, or only forgets them.
+void printLines(HitList& hits, bool wanted)
 {
-    for (std::size_t row = 0; !quiet && row < hits.rowCount(); ++row)
+    for (std::size_t row = 0; wanted && row < hits.rowCount(); ++row)
         std::cout << printable(hits.line(row)) << '\n';
     hits.clear();
 }
@@ -104,8 +105,8 @@ SearchQuery queryFrom(const CliSearchOptions& options, const RecFile& file)
     query.maxel = options.maxel;
     query.Check2 = options.check2;
     if (options.from || options.to) {
-        const RecordNumber last = options.to.value_or(file.recordCount());
-        query.range = SearchRange{static_cast<double>(options.from.value_or(1)), static_cast<double>(last)};
+        query.range = SearchRange{static_cast<double>(options.from.value_or(1)), {}};
+        if (options.to) query.range->to = static_cast<double>(*options.to);
     }
     for (const std::string& criterion : options.criteria) {
         const std::size_t equals = criterion.find('=');
@@ -113,15 +114,17 @@ SearchQuery queryFrom(const CliSearchOptions& options, const RecFile& file)
         query.startField = fieldNumber(file.fields(), criterion.substr(0, equals));
         addCriterion(query, query.startField, fromUtf8(criterion.substr(equals + 1)));
     }
-    if (!options.unirek.empty()) joinFields(query, file.fields(), options.unirek);
+    if (options.unirek) joinFields(query, file.fields(), *options.unirek);
     return query;
 }
 
 double printHits(RecFile& file, const CliSearchOptions& options, HitFormat format)
 {
-    const SearchQuery query = queryFrom(options, file);
+    SearchQuery query = queryFrom(options, file);
     SearchDriver driver(file);
-    const bool lines = format == HitFormat::lines;
+    const bool lines = format == HitFormat::lines && !options.quiet;
+    // Only lines are ever in any but the records' order.
+    query.sort = query.sort && lines;
     std::unique_ptr<SearchConsumer> printer;
     if (!options.quiet && format == HitFormat::csv) printer = std::make_unique<CsvPrinter>(file.fields());
     if (!options.quiet && format == HitFormat::json) printer = std::make_unique<JsonPrinter>(file.fields());
@@ -138,8 +141,8 @@ double printHits(RecFile& file, const CliSearchOptions& options, HitFormat forma
             failure = std::current_exception();
         }
         // What is sorted can only be printed at the end.
-        if (!query.sort || state == SearchDriver::State::idle)
-            printLines(driver.hits(), options.quiet || !lines);
+        if (!query.sort || state == SearchDriver::State::idle) printLines(driver.hits(), lines);
+        requireOutput();
     }
     if (failure) std::rethrow_exception(failure);
     return driver.hitCount();

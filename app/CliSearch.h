@@ -20,13 +20,14 @@ struct CliSearchOptions {
     bool norec = false;
     bool eliminapuntegg = false;
     bool maiuscolo = false;
-    std::string unirek;  ///< fields searched as one, separated by commas
+    std::optional<std::string> unirek;  ///< fields searched as one, separated by commas
     bool sort = false;
     bool maxel = false;
     bool check2 = false;
     bool quiet = false;
 };
 
+/// How hits are printed: the lines of the hit list, or whole records.
 enum class HitFormat { lines, csv, json };
 
 /// The search that the options ask for, listing its hits. Raises CliError for fields that the file does not

@@ -17,6 +17,7 @@
 #include "app/Messages.h"
 #include "base/CommandLine.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "rec/RecFile.h"
 
 namespace {
@@ -103,7 +104,7 @@ std::string inItalian(const CLI::ParseError& error)
     case CLI::ExitCodes::RequiredError:
         return "manca un argomento";
     case CLI::ExitCodes::ArgumentMismatch:
-        return "manca il valore di un'opzione";
+        return "opzione ripetuta o senza il suo valore";
     case CLI::ExitCodes::ExtrasError:
         return "argomento inatteso";
     case CLI::ExitCodes::ConversionError:
@@ -112,6 +113,24 @@ std::string inItalian(const CLI::ParseError& error)
     default:
         return "argomenti non validi";
     }
+}
+
+/// Decimal whole numbers only, at most eighteen digits: the parser alone would take a leading zero for octal.
+const CLI::Validator& wholeNumber()
+{
+    static const CLI::Validator validator(
+        [](std::string& text) {
+            constexpr std::size_t kMostDigits = 18;
+            const std::string sign = text.starts_with('-') ? "-" : "";
+            std::string digits = text.substr(sign.size());
+            const bool whole = !digits.empty() && std::all_of(digits.begin(), digits.end(), isDigit);
+            digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size() - 1));
+            if (!whole || digits.size() > kMostDigits) return std::string("number");
+            text = sign + digits;
+            return std::string();
+        },
+        "");
+    return validator;
 }
 
 CLI::App* addCommand(CLI::App& app, const char* name, const char* description, Arguments& arguments)
@@ -134,10 +153,11 @@ void addSearchOptions(CLI::App& command, CliSearchOptions& search)
         ->allow_extra_args(false)
         ->option_text("CAMPO=TESTO");
     command.add_option("--modo", search.mode, "modo di ricerca, da 1 a 8 (4)")
+        ->transform(wholeNumber())
         ->check(CLI::Range(1, kSearchModes))
         ->option_text("N");
-    command.add_option("--da", search.from, "primo rekord")->option_text("N");
-    command.add_option("--a", search.to, "ultimo rekord")->option_text("N");
+    command.add_option("--da", search.from, "primo rekord")->transform(wholeNumber())->option_text("N");
+    command.add_option("--a", search.to, "ultimo rekord")->transform(wholeNumber())->option_text("N");
     command.add_flag("--norec", search.norec, "salta i rekord cancellati");
     command.add_flag("--eliminapuntegg", search.eliminapuntegg, "ignora spazi e punteggiatura (modi 1-5)");
     command.add_flag("--maiuscolo", search.maiuscolo, "legge i rekord in maiuscolo");
@@ -149,12 +169,16 @@ void addSearchOptions(CLI::App& command, CliSearchOptions& search)
     command.add_flag("--quiet", search.quiet, "non scrive nulla, conta solo l'esito");
 }
 
+const std::map<std::string, HitFormat> kFormats = {
+    {"righe", HitFormat::lines}, {"csv", HitFormat::csv}, {"json", HitFormat::json}};
+
 void addFormat(CLI::App& command, HitFormat& format)
 {
-    const std::map<std::string, HitFormat> formats = {
-        {"righe", HitFormat::lines}, {"csv", HitFormat::csv}, {"json", HitFormat::json}};
-    command.add_option("--formato", format, "righe, csv o json")
-        ->transform(CLI::CheckedTransformer(formats))
+    command
+        .add_option_function<std::string>(
+            "--formato", [&format](const std::string& name) { format = kFormats.at(name); },
+            "righe, csv o json")
+        ->check(CLI::IsMember(&kFormats))
         ->option_text("FORMATO");
 }
 
@@ -169,7 +193,10 @@ int run(int argc, char** argv)
     CLI::App* info = addCommand(app, "info", "descrive il file e i suoi campi", arguments);
     addJsonFlag(*info, arguments);
     CLI::App* show = addCommand(app, "mostra", "mostra un rekord", arguments);
-    show->add_option("N", arguments.record, "numero del rekord, dal primo (1)")->required()->option_text(" ");
+    show->add_option("N", arguments.record, "numero del rekord, dal primo (1)")
+        ->required()
+        ->transform(wholeNumber())
+        ->option_text(" ");
     addJsonFlag(*show, arguments);
     CLI::App* search = addCommand(app, "cerca", "cerca i rekord ed elenca quelli trovati", arguments);
     addSearchOptions(*search, arguments.search);
@@ -195,9 +222,8 @@ int main(int argc, char** argv)
     std::ios::sync_with_stdio(false);
     try {
         const int status = run(argc, argv);
-        std::cout.flush();
-        if (std::cout) return status;
-        std::cerr << RuntimeError(ErrorNumber::deviceError).description() << '\n';
+        requireOutput();
+        return status;
     } catch (const CliError& error) {
         std::cerr << error.text << '\n';
     } catch (const std::exception&) {

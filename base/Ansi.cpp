@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 namespace quorvin {
 
@@ -107,6 +108,19 @@ constexpr CombiningMark kCombiningMarks[] = {
     {0x327, "Cc", "\xC7\xE7"},                                                    // cedilla
 };
 
+/// Characters that stand for one of the code page's, for the units and marks they once were.
+constexpr std::pair<char32_t, char> kSameCharacters[] = {
+    {0x212A, 'K'}, {0x212B, '\xC5'}, {0x37E, ';'}, {0x387, '\xB7'}, {0x1FEF, '`'}, {0x1FFD, '\xB4'},
+};
+
+char usualCharacter(char32_t character)
+{
+    for (const auto& [same, code] : kSameCharacters) {
+        if (same == character) return code;
+    }
+    return fromUnicode(character);
+}
+
 /// Puts a combining mark on the last character of `text`; false when the code page has no such letter.
 bool combine(std::string& text, char32_t mark)
 {
@@ -166,7 +180,7 @@ std::string fromUtf8(std::string_view utf8)
     out.reserve(utf8.size());
     while (!utf8.empty()) {
         const Decoded decoded = decodeFirst(utf8);
-        if (!combine(out, decoded.character)) out.push_back(fromUnicode(decoded.character));
+        if (!combine(out, decoded.character)) out.push_back(usualCharacter(decoded.character));
         utf8.remove_prefix(decoded.bytes);
     }
     return out;

@@ -36,6 +36,7 @@ void ReadAhead::stop()
         reader_.join();
     }
     ended_ = true;
+    file_.close();
 }
 
 /// Reads the next block into `block`; false when it is the last.

@@ -28,7 +28,7 @@ public:
     /// Begins with the `bytes` bytes from `offset` (0-based) on, in blocks of `blockBytes`; the last may be
     /// shorter. Ends the stretch read before.
     void start(InputFile file, std::int64_t offset, std::int64_t bytes, std::size_t blockBytes);
-    /// Reads nothing more; `next` then gives nothing.
+    /// Reads nothing more and closes the file; `next` then gives nothing. The block handed out last stays.
     void stop();
 
     /// The next block, valid until the next call. It ends early where the file does, and is empty when there

@@ -33,7 +33,7 @@ public:
     void stop() { reader_.stop(); }
 
     /// Moves on to the next record; false behind the last. Raises what seeking and reading raise, and 62 when
-    /// the file has become too short to hold the whole record.
+    /// the file has become too short to hold the record where it is expected.
     bool next()
     {
         if (number_ >= last_) return false;
@@ -71,6 +71,7 @@ public:
 
     /// Last character of the record's last line; 0 when that line is empty.
     char lastMark() const { return recordRegular_ ? (markPlace_ ? record_[markPlace_ - 1] : '\0') : mark_; }
+    /// Whether EpiData deleted the record.
     bool isDeleted() const { return lastMark() == kDeletedMark; }
 
 private:

@@ -10,6 +10,7 @@ namespace quorvin {
 
 namespace {
 
+/// Holds many lines; none is longer than two fields and their number.
 constexpr std::size_t kBlockBytes = std::size_t{1} << 20;
 
 }  // namespace
@@ -54,12 +55,12 @@ void HitList::add(RecordNumber n, std::string_view startValue, std::string_view 
 void HitList::store(std::string_view line)
 {
     if (blocks_.empty() || kBlockBytes - used_ < line.size()) {
-        blocks_.push_back(std::make_unique_for_overwrite<char[]>(std::max(kBlockBytes, line.size())));
+        blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlockBytes));
         used_ = 0;
     }
     char* place = blocks_.back().get() + used_;
     std::memcpy(place, line.data(), line.size());
-    used_ = std::min(kBlockBytes, used_ + line.size());
+    used_ += line.size();
     lines_.emplace_back(place, line.size());
     longest_ = std::max(longest_, line.size());
 }

@@ -55,6 +55,7 @@ void Matcher::start(SearchMode mode, const FieldList& selection, const std::vect
     queries_.assign(texts.size() + 1, {});
     for (std::size_t i = 0; i < texts.size(); ++i)
         queries_[i + 1].fieldPattern = trim(upper(texts[i]));
+    fieldValue_.fill({});
     fieldHitCount = 0;
     eliminapuntegg_ = eliminapuntegg;
     punctuated_.clear();
@@ -100,6 +101,7 @@ void Matcher::toglipunti()
 
 void Matcher::prepare()
 {
+    SearchWords searchWords;
     for (Query& q : queries_) {
         if (mode_ == SearchMode::interval) q.interval.emplace(q.fieldPattern);
         if (mode_ != SearchMode::allWords && mode_ != SearchMode::anyWord) continue;

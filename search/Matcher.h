@@ -26,12 +26,14 @@ public:
     void start(SearchMode mode, const FieldList& selection, const std::vector<std::string>& texts,
                bool eliminapuntegg);
 
+    /// What the search was begun with.
     const FieldList& selection() const { return selection_; }
     SearchMode mode() const { return mode_; }
 
     /// Search text of a position; RuntimeError 9 outside 1..count.
     const std::string& fieldPattern(int position) const;
-    /// Value of a field in the record under test; empty for field 0. RuntimeError 9 outside 0..kMaxFields.
+    /// Value of a selected field in the record under test; empty for all others and field 0. RuntimeError 9
+    /// outside 0..kMaxFields.
     const std::string& fieldValue(int field) const;
     /// Takes a field's stored value, or what several values joined give.
     void setFieldValue(int field, std::string_view stored);
@@ -62,6 +64,7 @@ public:
 
     /// Selected fields that matched in the record under test; to be set to 0 after each record.
     int fieldHitCount = 0;
+    /// Whether that were all of them.
     bool allMatched() const { return fieldHitCount == selection_.count(); }
 
 private:
@@ -85,7 +88,6 @@ private:
     bool eliminapuntegg_ = false;
     bool patternsStripped_ = false;
     bool prepared_ = false;
-    SearchWords searchWords;
 };
 
 }  // namespace quorvin

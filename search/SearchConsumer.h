@@ -9,6 +9,7 @@ namespace quorvin {
 
 class Matcher;
 class RecordScanner;
+struct SearchQuery;
 
 /// Why a search ended.
 enum class SearchEnd {
@@ -27,8 +28,12 @@ public:
     SearchConsumer& operator=(const SearchConsumer&) = delete;
     virtual ~SearchConsumer() = default;
 
-    /// A search over these records begins; they may be none.
-    virtual void searchStarts(RecordNumber /*searchStart*/, RecordNumber /*searchEnd*/) {}
+    /// A search over these records begins; they may be none. What this raises ends the search before it has
+    /// begun for this consumer and those behind it: they are told nothing more.
+    virtual void searchStarts(const SearchQuery& /*query*/, RecordNumber /*searchStart*/,
+                              RecordNumber /*searchEnd*/)
+    {
+    }
 
     /// All fields of a tested record matched; for counting, before the hit is shown and before the user can
     /// refuse it. `matcher` holds the values as they were compared.

@@ -25,9 +25,10 @@ SearchDriver::Started SearchDriver::start(const SearchQuery& query)
     scanner_.start(searchStart_, searchEnd_);
     state_ = State::running;
     scanned_ = false;
+    started_ = 0;
     try {
-        for (SearchConsumer* consumer : consumers_)
-            consumer->searchStarts(searchStart_, searchEnd_);
+        for (; started_ < consumers_.size(); ++started_)
+            consumers_[started_]->searchStarts(query_, searchStart_, searchEnd_);
     } catch (const std::exception&) {
         endScan(SearchEnd::failed);
         finish(std::current_exception());
@@ -42,9 +43,9 @@ SearchDriver::Started SearchDriver::checkRange()
     searchEnd_ = count;
     if (!query_.range) return Started::running;
     const double from = std::trunc(query_.range->from);
-    const double to = std::trunc(query_.range->to);
+    const double to = std::trunc(query_.range->to.value_or(static_cast<double>(count)));
     if (from <= 0) return Started::badStart;
-    if (to <= 0 || to > static_cast<double>(count)) return Started::badEnd;
+    if (query_.range->to && (to <= 0 || to > static_cast<double>(count))) return Started::badEnd;
     searchStart_ = from > static_cast<double>(count) ? count + 1 : static_cast<RecordNumber>(from);
     searchEnd_ = static_cast<RecordNumber>(to);
     return Started::running;
@@ -171,8 +172,8 @@ void SearchDriver::takeHit()
 {
     for (SearchConsumer* consumer : consumers_)
         consumer->recordMatched(matcher_);
-    ++hitCount_;
     if (!query_.elencorekord) {
+        ++hitCount_;
         state_ = State::atHit;
         return;
     }
@@ -180,6 +181,7 @@ void SearchDriver::takeHit()
     const int penultimate = query_.Check2 ? query_.selection.at(query_.selection.count() - 1) : 0;
     hits_.add(scanner_.number(), scanner_.fieldValue(query_.startField),
               penultimate ? scanner_.fieldValue(penultimate) : std::string_view());
+    ++hitCount_;
     passHit();
 }
 
@@ -243,9 +245,9 @@ void SearchDriver::finish(std::exception_ptr failure)
 {
     state_ = State::idle;
     criteria_ += str(hitCount_);
-    for (SearchConsumer* consumer : consumers_) {
+    for (std::size_t i = 0; i < started_; ++i) {
         try {
-            consumer->searchEnds(end_, criteria_);
+            consumers_[i]->searchEnds(end_, criteria_);
         } catch (const std::exception&) {
             // The others have their work to finish as well.
             if (!failure) failure = std::current_exception();

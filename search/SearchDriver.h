@@ -58,17 +58,18 @@ public:
     /// Forgets the results.
     void clear();
 
+    /// How the search stands; idle before the first and after each.
     State state() const { return state_; }
     /// Record tested last.
     RecordNumber position() const { return scanner_.number(); }
-    RecordNumber searchStart() const { return searchStart_; }
-    RecordNumber searchEnd() const { return searchEnd_; }
     /// Share of the work that is done, 0 to 1.
     double progress() const;
 
+    /// Hits so far; kept until the next search.
     double hitCount() const { return hitCount_; }
     /// The criteria, and behind them the number of hits when the search has ended. Windows-1252.
     const std::string& criteria() const { return criteria_; }
+    /// The hits' lines. Lines may be taken out while a search runs, not put in.
     const HitList& hits() const { return hits_; }
     HitList& hits() { return hits_; }
 
@@ -98,6 +99,7 @@ private:
     Matcher matcher_;
     HitList hits_;
     std::vector<SearchConsumer*> consumers_;
+    std::size_t started_ = 0;  ///< consumers that the search has begun for
     SearchQuery query_;
     std::vector<FieldFilter> filters_;
     State state_ = State::idle;

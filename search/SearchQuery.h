@@ -10,10 +10,11 @@
 
 namespace quorvin {
 
-/// First and last record of a partial search, as typed: any numbers.
+/// First and last record of a partial search, as typed: any numbers. Without the last one it goes to the
+/// file's end.
 struct SearchRange {
     double from = 0;
-    double to = 0;
+    std::optional<double> to;
 };
 
 struct SearchQuery {

@@ -15,6 +15,9 @@ constexpr std::size_t kCharacters = sizeof(std::uint64_t);
 /// Texts whose keys are taken in one step.
 constexpr std::size_t kStep = 1024;
 
+/// Texts that are compared whole: to remember so short runs for later would take more memory than the texts.
+constexpr std::size_t kFew = 256;
+
 /// The end of a text comes before every character; no capital has the highest code, so that there is room.
 constexpr std::uint64_t kTextEnd = 0;
 
@@ -52,9 +55,11 @@ bool TextOrder::run(std::size_t steps)
 {
     for (std::size_t done = 0; done < steps; done += kStep) {
         if (sort_) {
-            if (sort_->run(kStep)) split();
+            if (sort_->run(kStep)) sort_.reset();
         } else if (current_.from + loaded_ < current_.to) {
             loadSome();
+        } else if (current_.from + split_ < current_.to) {
+            splitSome();
         } else if (unordered_.empty()) {
             buffer_ = {};
             return true;
@@ -62,6 +67,7 @@ bool TextOrder::run(std::size_t steps)
             current_ = unordered_.back();
             unordered_.pop_back();
             loaded_ = 0;
+            split_ = 0;
             ascending_ = true;
         }
     }
@@ -77,26 +83,39 @@ void TextOrder::loadSome()
         ascending_ = ascending_ && (i == current_.from || !(items_[i] < items_[i - 1]));
     }
     loaded_ += to - from;
-    if (to < current_.to) return;
-    if (ascending_) {
-        split();
-        return;
-    }
+    if (to < current_.to || ascending_) return;
     sort_.emplace(std::span(items_).subspan(current_.from, current_.to - current_.from), buffer_);
 }
 
-/// Leaves what is still alike, and goes on, for later.
-void TextOrder::split()
+/// Orders what is still alike: few texts at once, many of them later, by their next characters.
+void TextOrder::splitSome()
 {
-    sort_.reset();
-    for (std::size_t from = current_.from; from < current_.to;) {
+    const std::size_t most = split_ + kStep;
+    while (split_ < most && current_.from + split_ < current_.to) {
+        const std::size_t from = current_.from + split_;
         std::size_t to = from + 1;
         while (to < current_.to && items_[to].key == items_[from].key)
             ++to;
-        if (to - from > 1 && !endsWithin(items_[from].key))
-            unordered_.push_back({from, to, current_.depth + kCharacters});
-        from = to;
+        split_ = to - current_.from;
+        if (to - from == 1 || endsWithin(items_[from].key)) continue;
+        const Run alike{from, to, current_.depth + kCharacters};
+        if (to - from <= kFew) {
+            sortWhole(alike);
+        } else {
+            unordered_.push_back(alike);
+        }
     }
+}
+
+void TextOrder::sortWhole(const Run& run)
+{
+    const auto items = std::span(items_).subspan(run.from, run.to - run.from);
+    std::stable_sort(items.begin(), items.end(), [this, &run](const Item& a, const Item& b) {
+        const std::string_view left = text_(a.number).substr(run.depth);
+        const std::string_view right = text_(b.number).substr(run.depth);
+        return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(),
+                                            [](char x, char y) { return rankOf(x) < rankOf(y); });
+    });
 }
 
 }  // namespace quorvin

@@ -43,7 +43,8 @@ private:
     };
 
     void loadSome();
-    void split();
+    void splitSome();
+    void sortWhole(const Run& run);
     std::uint64_t keyOf(std::size_t number, std::size_t depth) const;
 
     std::function<std::string_view(std::size_t)> text_;
@@ -54,6 +55,7 @@ private:
     std::size_t loaded_ = 0;  ///< items of the current run that have their key
     bool ascending_ = true;   ///< those keys, as they stand
     std::optional<StepwiseSort<Item>> sort_;
+    std::size_t split_ = 0;  ///< items of the current run, in order by their key, that were looked at
 };
 
 }  // namespace quorvin

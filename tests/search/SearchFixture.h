@@ -17,7 +17,7 @@ public:
     std::string failsAt;
     std::vector<RecordNumber> hits;
 
-    void searchStarts(RecordNumber first, RecordNumber last) override
+    void searchStarts(const SearchQuery&, RecordNumber first, RecordNumber last) override
     {
         note("starts " + std::to_string(first) + "-" + std::to_string(last));
     }
