@@ -60,8 +60,10 @@ MENU "Stampa"
 
 MENU "Opzioni"
 "ordine alfabetico ricerca": ordina l'elenco (richiede "elenco rekord").
-"unisci campi rekord": cerca i campi scelti (rossi) come uno solo; il testo
-  va in una casella, in tutte per la ricerca di valori uguali.
+"unisci campi rekord":
+'unisci campi record' unisce alcuni campi evidenziati e ricerca come unico campo.
+  I campi scelti sono rossi; il testo va in una casella, in tutte per la
+  ricerca di valori uguali.
 "max elenco": allarga l'elenco dei rekord trovati.
 "no rek.canc. EpiData": salta i rekord cancellati in EpiData (in basso a
   destra c'è una X). Su un rekord cancellato il tasto "cancella" è giallo.
@@ -91,10 +93,10 @@ In grigio: "sostituisci campo", "cancella rekord", "Importa Excel / Access".
 MENU "EpiData": apre il file in EpiData (numero del rekord negli appunti).
 MENU "?": "guida", "limiti" e "versione" mostrano o nascondono i testi.
 
-MOUSE: clic sinistro su un campo lo sceglie per la ricerca; clic destro su
-'freccia < >', su 'rekord n.' o su 'elenco file cercati' mette il numero del
-rekord negli appunti e richiama EpiData. Tenendo premuta una freccia si
-scorrono i rekord; i riquadri si spostano trascinandone il titolo.
+MOUSE: clic sinistro su un campo lo sceglie per la ricerca; tenendo premuta
+una freccia si scorrono i rekord; i riquadri si spostano per il titolo.
+Mouse tasto destro: click su 'freccia < >' o su 'rekord n.' o su 'elenco file cercati'
+inserisce il numero di record negli appunti e richiama EpiData.
 TASTIERA: Ctrl+O apre un file, Ctrl+Q esce; Pag giù e Pag su vanno al rekord
 seguente e precedente; Tab passa in ordine da un campo all'altro;
 Ctrl+Spazio sceglie il campo come un clic; Invio in un campo avvia la

@@ -11,10 +11,10 @@
 
 namespace quorvin {
 
-HitListView::HitListView(const QString& name, QWidget* parent) : QListView(parent)
+HitListView::HitListView(const QString& name, const QString& purpose, QWidget* parent) : QListView(parent)
 {
     setObjectName(name);
-    setAccessibleName(QStringLiteral("rekord trovati"));
+    setAccessibleName(purpose);
     // With millions of lines none of them can be asked for its size.
     setUniformItemSizes(true);
     setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -12,7 +12,7 @@ class HitListView : public QListView {
     Q_OBJECT
 
 public:
-    explicit HitListView(const QString& name, QWidget* parent);
+    HitListView(const QString& name, const QString& purpose, QWidget* parent);
 
     /// Goes to the next line that begins with what was typed, unless there are so many that looking through
     /// them would take a while.
