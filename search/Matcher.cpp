@@ -149,6 +149,23 @@ void Matcher::countMatches(Test matches)
     }
 }
 
+void Matcher::testFields()
+{
+    switch (mode_) {
+    case SearchMode::allWords:
+        cercastringa();
+        break;
+    case SearchMode::anyWord:
+        cercastringa2();
+        break;
+    case SearchMode::interval:
+        cercastringa3();
+        break;
+    default:
+        break;
+    }
+}
+
 void Matcher::cercastringa()
 {
     countMatches([](const Query& q, std::string_view value) {

@@ -56,8 +56,9 @@ public:
 
     /// Modes 1 to 5: counts the field at `position` if its value matches.
     void testField(int position);
-    /// Mode 6, 7 and 8, for all positions: every word occurs, at least one does, interval (or, failing that,
-    /// text contained).
+    /// Modes 6 to 8: counts all fields that match, by the mode's procedure of the three that follow.
+    void testFields();
+    /// Every word occurs; at least one does; interval, or, failing that, text contained.
     void cercastringa();
     void cercastringa2();
     void cercastringa3();

@@ -140,19 +140,7 @@ bool SearchDriver::testRecord()
         matcher_.testField(i);
         if (matcher_.fieldHitCount < i) return false;
     }
-    switch (query_.mode) {
-    case SearchMode::allWords:
-        matcher_.cercastringa();
-        break;
-    case SearchMode::anyWord:
-        matcher_.cercastringa2();
-        break;
-    case SearchMode::interval:
-        matcher_.cercastringa3();
-        break;
-    default:
-        break;
-    }
+    matcher_.testFields();
     return matcher_.allMatched();
 }
 

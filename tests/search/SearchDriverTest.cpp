@@ -145,6 +145,18 @@ TEST_F(SearchDriverTest, OptionsAndCriteria)
     }
 }
 
+TEST_F(SearchDriverTest, AFieldJoinedAtOnePlaceCarriesTheJoinedValueAtAll)
+{
+    use(rec({{.length = 3}, {.length = 3}}).record({"abc", "xyz"}).bytes());
+    SearchQuery q = query(6, {1, 2, 1}, {"xyz", "xyz", "xyz"}, "unirek");
+    q.joinList.clear();
+    q.joinList.append(2);
+    q.joinList.append(1);
+    EXPECT_EQ(search(q), Numbers{1});
+    q.mode = SearchMode::contains;
+    EXPECT_EQ(search(q), Numbers{}) << "tested before the join is made";
+}
+
 TEST_F(SearchDriverTest, MoreThanFiftyWordsEndASearchAtTheFirstRecordTested)
 {
     use(rec({{.length = 1}}).record({"a"}, '?').record({"b"}, '?').record({"c"}).bytes());
