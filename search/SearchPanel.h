@@ -37,6 +37,8 @@ class SearchPanel : public QObject {
 public:
     SearchPanel(const SearchParts& parts, QWidget* form);
 
+    /// What the window places: the lists, the range of a partial search, and the "X" that says that deleted
+    /// records are skipped.
     HitLists& lists() { return lists_; }
     RangeFrame& Frame3() { return *frame3_; }
     QLabel& norecSign() { return *norecSign_; }
@@ -47,6 +49,7 @@ public:
     /// Stands range and lists behind a control, the last field's box, for the Tab key.
     void setTabOrderAfter(QWidget* control);
 
+    /// From Enter until the results stand, pauses included.
     bool isSearching() const { return run_.isRunning(); }
     /// Ends a search at once because the window closes.
     void abandon();
@@ -91,7 +94,6 @@ private:
     SearchMode mode() const;
     SearchQuery query(int startField) const;
     void start(const SearchQuery& query);
-    void refuseRange(SearchDriver::Started reason);
     bool showAndAsk(RecordNumber n);
     void showState();
     void finish(bool refused);
