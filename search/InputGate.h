@@ -18,10 +18,12 @@ public:
     /// `stopControl` must outlive the gate.
     explicit InputGate(QWidget& stopControl, QObject* parent);
 
+    /// Keeps input away; lets it pass again.
     void close();
     void open();
 
 signals:
+    /// While closed.
     void escapePressed();
 
 protected:

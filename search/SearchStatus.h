@@ -23,6 +23,7 @@ public:
     /// The usual search mode again.
     void reset();
 
+    /// The three results as they read: mode, number of hits, criteria.
     void showMode(const QString& caption);
     void showHits(double count);
     void showCriteria(const QString& criteria);
@@ -33,9 +34,11 @@ public:
     /// `share`: 0 to 1. Shown once the search has taken a moment.
     void showProgress(double share);
 
+    /// The one control that takes input while a search runs.
     QWidget& stopButton() const;
 
 signals:
+    /// The stop button was pressed.
     void stopRequested();
 
 private:
