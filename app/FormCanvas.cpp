@@ -96,7 +96,8 @@ void FormCanvas::keyPressEvent(QKeyEvent* event)
         emit previousRequested();
         break;
     case Qt::Key_Escape:
-        emit escapePressed();
+        // Held down, it closes one frame, not one after the other.
+        if (!event->isAutoRepeat()) emit escapePressed();
         break;
     default:
         QWidget::keyPressEvent(event);

@@ -55,6 +55,9 @@ void HitListView::keyPressEvent(QKeyEvent* event)
         copySelection();
         return;
     }
+    // An Enter that is still held down belongs to the search that it has started.
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && event->isAutoRepeat()) return;
     constexpr int kMoves[] = {Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
                               Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
     constexpr int kClicks[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space};

@@ -27,9 +27,12 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event)
     switch (event->type()) {
     case QEvent::Shortcut:
         return true;
-    case QEvent::KeyPress:
-        if (forScreen && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) emit escapePressed();
+    case QEvent::KeyPress: {
+        // A key held down is one press: stopping twice means more than stopping once.
+        const auto* press = static_cast<QKeyEvent*>(event);
+        if (forScreen && press->key() == Qt::Key_Escape && !press->isAutoRepeat()) emit escapePressed();
         return forScreen;
+    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:

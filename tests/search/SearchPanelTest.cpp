@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
@@ -219,6 +220,9 @@ TEST_F(SearchPanelTest, KeysStayAmongTheHits)
         search({{1, "roma"}});
         clickLine("List1", 0, Qt::RightButton);
         EXPECT_FALSE(epiDataStarted()) << "no line is selected";
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(&list, &held);
+        EXPECT_EQ(value(1), text("roma")) << "the Enter of the search, still held down";
         QTest::keyClick(&list, c.fresh);
         for (const Qt::Key key : c.keys)
             QTest::keyClick(&list, key);
