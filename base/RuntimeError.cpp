@@ -68,6 +68,9 @@ RuntimeError fileError(int errnoValue)
     case EROFS:
         return RuntimeError(ErrorNumber::accessError);
     case ENOSPC:
+#ifdef EDQUOT
+    case EDQUOT:
+#endif
         return RuntimeError(ErrorNumber::diskFull);
     case ENOMEM:
         return RuntimeError(ErrorNumber::outOfMemory);

@@ -1,6 +1,7 @@
 #include "tests/support/TempFolder.h"
 
 #include <fstream>
+#include <iterator>
 #include <random>
 
 namespace quorvin::test {
@@ -29,6 +30,12 @@ std::filesystem::path TempFolder::write(const std::string& name, const std::stri
 void append(const std::filesystem::path& file, const std::string& bytes)
 {
     std::ofstream(file, std::ios::binary | std::ios::app) << bytes;
+}
+
+std::string bytesOf(const std::filesystem::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 }  // namespace quorvin::test

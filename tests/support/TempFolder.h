@@ -25,4 +25,7 @@ private:
 /// Appends bytes to a file, as a program that enters data does.
 void append(const std::filesystem::path& file, const std::string& bytes);
 
+/// All that a file holds; nothing where there is none.
+std::string bytesOf(const std::filesystem::path& file);
+
 }  // namespace quorvin::test

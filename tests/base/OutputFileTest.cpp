@@ -1,0 +1,217 @@
+#include "base/OutputFile.h"
+
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <memory>
+#include <set>
+
+#include "tests/support/ErrorNumber.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvin {
+namespace {
+
+namespace fs = std::filesystem;
+using test::bytesOf;
+using test::errorOf;
+using Names = std::set<std::string>;
+
+Names namesIn(const fs::path& folder)
+{
+    Names names;
+    for (const auto& entry : fs::directory_iterator(folder))
+        names.insert(entry.path().filename().string());
+    return names;
+}
+
+class OutputFileTest : public testing::Test {
+protected:
+    fs::path path(const std::string& name) const { return folder_.path() / name; }
+
+    /// The number of the error that a file's writing ends with.
+    static int save(const fs::path& target, const std::string& bytes = "new")
+    {
+        OutputFile file;
+        return errorOf([&] {
+            file.open(target);
+            file.write(bytes);
+            file.commit();
+        });
+    }
+
+    test::TempFolder folder_;
+    const std::string large_ = std::string(600'000, 'x');
+};
+
+TEST_F(OutputFileTest, NothingShowsBeforeTheEnd)
+{
+    folder_.write("old", "old");
+    for (const char* name : {"old", "new"}) {
+        const std::string before = bytesOf(path(name));
+        OutputFile file;
+        file.open(path(name));
+        std::string all;
+        for (std::size_t i = 0; i < 1000; ++i) {
+            const std::string part = std::to_string(i) + std::string(i, 'x');
+            file.write(part);
+            all += part;
+        }
+        file.write(all);
+        EXPECT_EQ(bytesOf(path(name)), before);
+        file.commit();
+        EXPECT_TRUE(bytesOf(path(name)) == all + all) << name;
+    }
+    const fs::path here = fs::current_path();
+    fs::current_path(folder_.path());
+    EXPECT_EQ(save("old"), 0) << "a name without a folder";
+    fs::current_path(here);
+    EXPECT_EQ(bytesOf(path("old")), "new");
+    EXPECT_EQ(namesIn(folder_.path()), (Names{"new", "old"}));
+}
+
+TEST_F(OutputFileTest, FilesThatAreGivenUp)
+{
+    folder_.write("old", "old");
+    OutputFile file;
+    file.open(path("old"));
+    file.write(large_);
+    file.open(path("new"));
+    file.write("new");
+    file.commit();
+    EXPECT_EQ(bytesOf(path("new")), "new") << "with nothing of the one begun before";
+    file.open(path("old"));
+    file.write(large_);
+    file.discard();
+    EXPECT_EQ(errorOf([&] { file.write("x"); }), 52);
+    EXPECT_EQ(errorOf([&] { file.commit(); }), 52);
+    {
+        OutputFile other;
+        other.open(path("old"));
+        other.write(large_);
+    }
+    EXPECT_EQ(namesIn(folder_.path()), (Names{"new", "old"}));
+    EXPECT_EQ(bytesOf(path("old")), "old");
+}
+
+TEST_F(OutputFileTest, TargetsThatAreRefused)
+{
+    folder_.write("file", "old");
+    fs::create_directory(path("folder"));
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    fs::create_symlink("folder", path("to folder"));
+    fs::create_symlink("second", path("first"));
+    fs::create_symlink("first", path("second"));
+    const Names before = namesIn(folder_.path());
+    struct Case {
+        fs::path target;
+        int error;
+    };
+    for (const Case& c : {Case{path("none/a"), 76}, Case{path("file/a"), 76}, Case{path("folder"), 75},
+                          Case{path("pipe"), 75}, Case{path("to folder"), 75}, Case{path("first"), 75},
+                          Case{path(std::string(300, 'x')), 52}, Case{{}, 52}}) {
+        OutputFile file;
+        EXPECT_EQ(errorOf([&] { file.open(c.target); }), c.error) << c.target;
+    }
+    EXPECT_EQ(namesIn(folder_.path()), before);
+}
+
+TEST_F(OutputFileTest, WithoutTheRightToWrite)
+{
+    const auto file = folder_.write("file", "old");
+    fs::permissions(file, fs::perms{0444});
+    if (::access(file.c_str(), W_OK) == 0) GTEST_SKIP() << "this user may write everything";
+    EXPECT_EQ(save(file), 75);
+    fs::permissions(folder_.path(), fs::perms{0555});
+    EXPECT_EQ(save(path("new")), 75);
+    fs::permissions(folder_.path(), fs::perms{0});
+    EXPECT_EQ(save(path("new")), 75) << "not even a look into the folder";
+    fs::permissions(folder_.path(), fs::perms{0755});
+    EXPECT_EQ(namesIn(folder_.path()), Names{"file"});
+    EXPECT_EQ(bytesOf(file), "old");
+}
+
+TEST_F(OutputFileTest, LinksStayAndLeadToTheNewFile)
+{
+    fs::create_directory(path("there"));
+    folder_.write("there/old", "old");
+    fs::create_symlink("there/old", path("first"));
+    fs::create_symlink(path("first"), path("second"));
+    fs::create_symlink("there/none", path("dangling"));
+    EXPECT_EQ(save(path("second")), 0);
+    EXPECT_EQ(save(path("dangling")), 0);
+    EXPECT_EQ(bytesOf(path("there/old")), "new");
+    EXPECT_EQ(bytesOf(path("there/none")), "new");
+    for (const char* link : {"first", "second", "dangling"})
+        EXPECT_TRUE(fs::is_symlink(path(link))) << link;
+    EXPECT_EQ(namesIn(path("there")), (Names{"none", "old"}));
+}
+
+TEST_F(OutputFileTest, RightsOfAReplacedFileStay)
+{
+    const auto file = folder_.write("file", "old");
+    for (const unsigned rights : {0600U, 0666U, 0750U}) {
+        fs::permissions(file, fs::perms{rights});
+        EXPECT_EQ(save(file), 0);
+        EXPECT_EQ(fs::status(file).permissions(), fs::perms{rights});
+    }
+    EXPECT_EQ(save(path("new")), 0);
+    EXPECT_EQ(fs::status(path("new")).permissions(), fs::status(folder_.write("usual", "")).permissions());
+}
+
+TEST_F(OutputFileTest, ChangesMeanwhile)
+{
+    fs::create_directory(path("there"));
+    OutputFile file;
+    file.open(path("there/new"));
+    fs::create_directory(path("there/new"));
+    EXPECT_EQ(errorOf([&] { file.commit(); }), 75);
+    EXPECT_EQ(namesIn(path("there")), Names{"new"});
+    file.open(path("there/other"));
+    fs::remove_all(path("there"));
+    EXPECT_EQ(errorOf([&] { file.commit(); }), 76);
+    EXPECT_FALSE(file.isOpen());
+}
+
+TEST_F(OutputFileTest, AFullDisk)
+{
+    const fs::path disk = path("disk");
+    fs::create_directory(disk);
+    if (::mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
+        GTEST_SKIP() << "this user may not mount a disk";
+    const std::shared_ptr<void> atEnd(nullptr, [&](void*) { ::umount(disk.c_str()); });
+    const auto file = folder_.write("disk/file", "old");
+    for (const std::size_t bytes : {100'000U, 600'000U}) {
+        EXPECT_EQ(save(file, std::string(bytes, 'x')), 61) << bytes;
+        EXPECT_EQ(bytesOf(file), "old") << bytes;
+        EXPECT_EQ(namesIn(disk), Names{"file"}) << bytes;
+    }
+    EXPECT_EQ(save(file), 0);
+}
+
+TEST_F(OutputFileTest, NamesOfTheSameFile)
+{
+    const auto file = folder_.write("file", "x");
+    folder_.write("other", "x");
+    fs::create_directory(path("folder"));
+    fs::create_symlink("file", path("link"));
+    fs::create_hard_link(file, path("hard link"));
+    fs::create_symlink("circle", path("circle"));
+    struct Case {
+        const char* one;
+        const char* other;
+        bool same;
+    };
+    for (const Case& c :
+         {Case{"file", "file", true}, Case{"file", "link", true}, Case{"hard link", "file", true},
+          Case{"file", "./file", true}, Case{"folder/../link", "file", true}, Case{"file", "other", false},
+          Case{"none", "folder/../none", true}, Case{"none", "nobody", false}, Case{"file", "none", false},
+          Case{"circle", "file", false}}) {
+        EXPECT_EQ(isSameFile(path(c.one), path(c.other)), c.same) << c.one << ", " << c.other;
+    }
+}
+
+}  // namespace
+}  // namespace quorvin
