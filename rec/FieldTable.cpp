@@ -1,5 +1,6 @@
 #include "rec/FieldTable.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "base/RuntimeError.h"
@@ -46,26 +47,26 @@ Placement placementOf(std::string_view line)
 /// column to the left. Read by the usual columns such a file would lose the first letter of every question
 /// and the first digit of three-digit numbers. It counts as such a file only if no complete line contradicts
 /// it.
-int columnShiftOf(const std::vector<std::string>& lines)
+bool standOneColumnLeft(const std::vector<std::string>& lines)
 {
     bool left = false;
     for (const std::string& line : lines) {
         const bool complete = static_cast<std::int64_t>(line.size()) >= kFieldColourColumns.first + 1;
         if (!complete) continue;
         const Placement placement = placementOf(line);
-        if (placement == Placement::inColumns) return 0;
+        if (placement == Placement::inColumns) return false;
         left = left || placement == Placement::oneColumnLeft;
     }
-    return left ? -1 : 0;
+    return left;
 }
 
 }  // namespace
 
 void FieldTable::addFields(const std::vector<std::string>& lines)
 {
-    const int shift = columnShiftOf(lines);
+    oneColumnLeft = standOneColumnLeft(lines);
     for (const std::string& line : lines)
-        addField(line, shift);
+        addField(line, oneColumnLeft ? -1 : 0);
 }
 
 void FieldTable::addField(std::string_view line, int columnShift)
@@ -102,6 +103,12 @@ int FieldTable::length(int n) const
 {
     requireField(n);
     return lengths_[static_cast<std::size_t>(n)];
+}
+
+bool FieldTable::isEpiDataCompatible() const
+{
+    return std::all_of(lengths_.begin(), lengths_.end(),
+                       [](int length) { return length <= kCompatibleLength; });
 }
 
 std::string_view FieldTable::fieldValue(std::string_view recordText, int n) const

@@ -32,6 +32,9 @@ public:
     Column<std::string> questionText;
     Column<int> fieldOffset{};  ///< characters of the record text before the field
 
+    /// The definitions stand one column to the left, behind the names; see doc/rec-format.md.
+    bool oneColumnLeft = false;
+
     /// Sum of all field lengths.
     int recordLength = 0;
 
@@ -42,6 +45,9 @@ public:
 
     /// Length of field `n` as a number; 0 for slot 0. Raises RuntimeError 9 outside 0..fieldCount.
     int length(int n) const;
+
+    /// Whether EpiData can open a file with these fields: none is too long for it.
+    bool isEpiDataCompatible() const;
 
     /// Value of field `n` in a record's text, blanks kept; what remains, possibly nothing, where the text is
     /// too short. A view into `recordText`. Slot 0 gives the empty text. Raises RuntimeError 9 outside

@@ -18,6 +18,10 @@ inline constexpr std::size_t kFieldSlots = kMaxFields + 1;
 /// Characters of a record's text on one line of the file; the mark at the line's end comes behind them.
 inline constexpr std::size_t kLineWidth = 78;
 
+/// Longest field that EpiData can open, and longest that is written at all; characters.
+inline constexpr int kCompatibleLength = 80;
+inline constexpr int kGreatestLength = 250;
+
 /// The mark of the last line of a record that was deleted in EpiData.
 inline constexpr char kDeletedMark = '?';
 

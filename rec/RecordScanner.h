@@ -69,6 +69,9 @@ public:
     /// Whether the characters of field `n` stand side by side in `fieldBytes`.
     bool isInOneLine(int n) const { return places_[static_cast<std::size_t>(n)].inOneLine; }
 
+    /// The record's text: its lines, each cut to its first characters, joined; see RecFile::recordText.
+    std::string_view text();
+
     /// Last character of the record's last line; 0 when that line is empty.
     char lastMark() const { return recordRegular_ ? (markPlace_ ? record_[markPlace_ - 1] : '\0') : mark_; }
     /// Whether EpiData deleted the record.
@@ -99,7 +102,6 @@ private:
     void classify();
     bool readFromBlock();
     void readLineByLine();
-    std::string_view text();
 
     RecFile& file_;
     RecordNumber number_ = 0;

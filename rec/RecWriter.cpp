@@ -1,0 +1,138 @@
+#include "rec/RecWriter.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "rec/RecordScanner.h"
+
+namespace quorvin {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+/// Mark behind a line that is not its record's last, and behind the last of a record that has none.
+constexpr char kLiveMark = '!';
+
+/// Columns of all numbers but the first, the blank before them included; and of name and first number
+/// together.
+constexpr std::size_t kNumberWidth = 4;
+constexpr std::size_t kNameWidth = 15;
+
+std::string rightAligned(std::string_view item)
+{
+    return std::string(kNumberWidth - std::min(kNumberWidth, item.size()), ' ').append(item);
+}
+
+/// The definition of field `i` with its place on screen line `row`. Where the source's lines have one blank
+/// less behind the name, so have these: numbers and question then stand as they stood.
+std::string definitionLine(const FieldTable& table, std::size_t i, int row, int length)
+{
+    const bool capped = length < table.length(static_cast<int>(i));
+    const std::string lengthItem = capped ? bareStr(length) : table.fieldLength[i];
+    const std::string rowItem = bareStr(row);
+    const std::size_t nameWidth = kNameWidth - (table.oneColumnLeft ? 1 : 0);
+    const std::size_t used = table.fieldName[i].size() + table.questionX[i].size();
+
+    std::string line = table.fieldMark[i].empty() ? " " : table.fieldMark[i];
+    line += table.fieldName[i];
+    line.append(nameWidth - std::min(nameWidth, used), ' ');
+    line += table.questionX[i];
+    for (const std::string_view item :
+         std::initializer_list<std::string_view>{rowItem, table.questionColour[i], table.fieldX[i], rowItem,
+                                                 table.fieldType[i], lengthItem, table.fieldColour[i]})
+        line += rightAligned(item);
+    return line + ' ' + table.questionText[i];
+}
+
+/// Whether two fields shared a screen line, by their questions or by their boxes.
+bool sharedRow(const FieldTable& table, std::size_t one, std::size_t other)
+{
+    return val(table.questionY[one]) == val(table.questionY[other]) ||
+           val(table.fieldY[one]) == val(table.fieldY[other]);
+}
+
+}  // namespace
+
+void RecWriter::start(const std::filesystem::path& target, const RecFile& source,
+                      const std::vector<int>& fields, int MaxTextLength)
+{
+    discard();
+    if (isSameFile(target, source.dataFileName())) throw RuntimeError(ErrorNumber::accessError);
+    MaxTextLength_ = MaxTextLength;
+    recordCount_ = 0;
+    RecordBuffer.clear();
+    chooseFields(source.fields(), fields);
+    output_.open(target);
+    writeHeader(source);
+}
+
+void RecWriter::chooseFields(const FieldTable& table, const std::vector<int>& fields)
+{
+    WriteFieldList_.clear();
+    stretches_.clear();
+    for (const int field : fields) {
+        if (field < 1) throw RuntimeError(ErrorNumber::subscript);
+        const bool known =
+            std::find(WriteFieldList_.begin(), WriteFieldList_.end(), field) != WriteFieldList_.end();
+        if (known) continue;
+        WriteFieldList_.push_back(field);
+        addStretch({static_cast<std::size_t>(table.fieldOffset[static_cast<std::size_t>(field)]),
+                    static_cast<std::size_t>(writtenLength(table, field))});
+    }
+}
+
+void RecWriter::addStretch(const Stretch& field)
+{
+    if (!stretches_.empty() && stretches_.back().first + stretches_.back().length == field.first) {
+        stretches_.back().length += field.length;
+    } else {
+        stretches_.push_back(field);
+    }
+}
+
+int RecWriter::writtenLength(const FieldTable& table, int field) const
+{
+    return std::min(table.length(field), MaxTextLength_);
+}
+
+void RecWriter::writeHeader(const RecFile& source)
+{
+    const FieldTable& table = source.fields();
+    std::string text = std::to_string(WriteFieldCount()) + ' ' + bareStr(source.screenColour());
+    text += kLineEnd;
+    int row = 1;
+    std::size_t before = 0;
+    for (const int field : WriteFieldList_) {
+        const auto i = static_cast<std::size_t>(field);
+        if (before != 0 && !sharedRow(table, before, i)) ++row;
+        text += definitionLine(table, i, row, writtenLength(table, field));
+        text += kLineEnd;
+        before = i;
+    }
+    output_.write(text);
+}
+
+void RecWriter::add(RecordScanner& record)
+{
+    const std::string_view text = record.text();
+    RecordBuffer.clear();
+    for (const Stretch& stretch : stretches_) {
+        const std::string_view values = text.substr(std::min(stretch.first, text.size()), stretch.length);
+        RecordBuffer += values;
+        // Only a record that ends too early has less.
+        RecordBuffer.append(stretch.length - values.size(), ' ');
+    }
+    lines_.clear();
+    std::string_view rest = RecordBuffer;
+    for (; rest.size() > kLineWidth; rest.remove_prefix(kLineWidth))
+        lines_.append(rest.substr(0, kLineWidth)).append(1, kLiveMark).append(kLineEnd);
+    const char mark = record.lastMark();
+    lines_.append(rest).append(1, mark == '\0' ? kLiveMark : mark).append(kLineEnd);
+    output_.write(lines_);
+    ++recordCount_;
+}
+
+}  // namespace quorvin
