@@ -28,6 +28,10 @@ public:
     SearchConsumer& operator=(const SearchConsumer&) = delete;
     virtual ~SearchConsumer() = default;
 
+    /// Asked before anything begins, when the range is known to be valid; false when there shall be no
+    /// search.
+    virtual bool mayStart(const SearchQuery& /*query*/) { return true; }
+
     /// A search over these records begins; they may be none. What this raises ends the search before it has
     /// begun for this consumer and those behind it: they are told nothing more.
     virtual void searchStarts(const SearchQuery& /*query*/, RecordNumber /*searchStart*/,

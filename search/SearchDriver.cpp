@@ -1,5 +1,6 @@
 #include "search/SearchDriver.h"
 
+#include <algorithm>
 #include <cmath>
 #include <exception>
 
@@ -21,6 +22,9 @@ SearchDriver::Started SearchDriver::start(const SearchQuery& query)
     file_.recount();
     const Started started = checkRange();
     if (started != Started::running) return started;
+    const bool wanted = std::all_of(consumers_.begin(), consumers_.end(),
+                                    [this](SearchConsumer* consumer) { return consumer->mayStart(query_); });
+    if (!wanted) return Started::refused;
 
     scanner_.start(searchStart_, searchEnd_);
     state_ = State::running;
@@ -165,12 +169,17 @@ void SearchDriver::takeHit()
         state_ = State::atHit;
         return;
     }
+    if (!query_.unlisted) listHit();
+    ++hitCount_;
+    passHit();
+}
+
+void SearchDriver::listHit()
+{
     // With a single field there is none before the last: position 0, field 0, an empty value.
     const int penultimate = query_.Check2 ? query_.selection.at(query_.selection.count() - 1) : 0;
     hits_.add(scanner_.number(), scanner_.fieldValue(query_.startField),
               penultimate ? scanner_.fieldValue(penultimate) : std::string_view());
-    ++hitCount_;
-    passHit();
 }
 
 void SearchDriver::passHit()

@@ -23,6 +23,7 @@ public:
         running,
         badStart,  ///< the first record is 0 or negative; nothing is searched
         badEnd,    ///< the last record is 0, negative or beyond the file; nothing is searched
+        refused,   ///< a consumer wants no search
     };
     enum class State {
         idle,
@@ -89,6 +90,7 @@ private:
     bool testRecord();
     void fillValue(int position);
     void takeHit();
+    void listHit();
     void passHit();
     void endScan(SearchEnd end);
     void endAtHit(SearchEnd end);

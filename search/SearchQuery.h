@@ -29,6 +29,7 @@ struct SearchQuery {
     bool eliminapuntegg = false;  ///< punctuation does not count
     bool unirek = false;          ///< the join list is searched as one field
     bool elencorekord = false;    ///< list the hits; without it the search pauses at each
+    bool unlisted = false;        ///< the hits are only counted and handed on
     bool sort = false;            ///< the list is List2, in alphabetical order
     bool maxel = false;           ///< List2's values are wide
     bool Check2 = false;          ///< the list also shows the last field but one of the selection

@@ -120,6 +120,33 @@ TEST_F(SearchDriverTest, Ranges)
     EXPECT_EQ(search(query(4, {1}, {" "})), (Numbers{1, 2, 3, 4, 5}));
 }
 
+TEST_F(SearchDriverTest, AConsumerMayWantNoSearch)
+{
+    use(rec({{.length = 1}}).record({"a"}).bytes());
+    using enum SearchDriver::Started;
+    struct Case {
+        double from;
+        bool firstWilling, secondWilling;
+        SearchDriver::Started started;
+        int secondAsked;
+        const char* log;
+    };
+    for (const Case& c : {Case{0, true, false, badStart, 0, ""}, Case{1, false, true, refused, 0, ""},
+                          Case{1, true, false, refused, 1, ""},
+                          Case{1, true, true, running, 1, "starts 1-1, matched A, hit a, completed"}}) {
+        failing_.willing = c.firstWilling;
+        consumer_.willing = c.secondWilling;
+        consumer_.asked = 0;
+        SearchQuery q = query(4, {1}, {" "});
+        q.range = {c.from, {}};
+        EXPECT_EQ(driver_.start(q), c.started);
+        EXPECT_EQ(finish(), 0);
+        EXPECT_EQ(consumer_.asked, c.secondAsked);
+        EXPECT_EQ(failing_.log, c.log) << "all are asked before one is told of a search";
+        EXPECT_EQ(consumer_.log, c.log);
+    }
+}
+
 TEST_F(SearchDriverTest, OptionsAndCriteria)
 {
     use(rec({{.length = 6}, {.length = 6}})

@@ -16,7 +16,14 @@ public:
     std::string log;
     std::string failsAt;
     std::vector<RecordNumber> hits;
+    bool willing = true;  ///< to have a search
+    int asked = 0;
 
+    bool mayStart(const SearchQuery&) override
+    {
+        ++asked;
+        return willing;
+    }
     void searchStarts(const SearchQuery&, RecordNumber first, RecordNumber last) override
     {
         note("starts " + std::to_string(first) + "-" + std::to_string(last));

@@ -1,0 +1,175 @@
+#include "output/PrintMatrix.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "base/InputFile.h"
+#include "base/OutputFile.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "rec/RecFile.h"
+
+namespace quorvin {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr char kQuote = '"';
+
+/// Largest file that is read; a template with pictures needs some room.
+constexpr std::int64_t kMostBytes = std::int64_t{64} << 20;
+
+std::filesystem::path matrixFile(const RecFile& recFile)
+{
+    std::filesystem::path name = recFile.RecFileStem();
+    name += ".mtr";
+    // A data file may have this very extension.
+    if (isSameFile(name, recFile.dataFileName())) throw RuntimeError(ErrorNumber::accessError);
+    return name;
+}
+
+/// Takes the file's text apart. Behind its end everything is empty.
+class ItemReader {
+public:
+    explicit ItemReader(std::string_view text) : rest_(text.substr(0, text.find(kEndOfText))) {}
+
+    /// What is left of the line, leading blanks included; the next line is next.
+    std::string_view restOfLine()
+    {
+        const std::size_t end = rest_.find('\n');
+        std::string_view line = rest_.substr(0, end);
+        rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        return line;
+    }
+
+    /// What the line holds up to a comma, or its end; nothing is taken.
+    std::string_view peekItem() const
+    {
+        const std::string_view item = rest_.substr(0, rest_.find_first_of(",\n"));
+        return item.ends_with('\r') ? item.substr(0, item.size() - 1) : item;
+    }
+
+    /// The same, taken, without its leading blanks.
+    std::string_view item()
+    {
+        const std::string_view taken = lTrim(peekItem());
+        skipTo(rest_.find_first_of(",\n"));
+        return taken;
+    }
+
+    /// An item that may stand in double quotes, and then goes on to the second one, over commas and line
+    /// ends.
+    std::string_view quotedItem()
+    {
+        const std::string_view begin = lTrim(rest_);
+        if (!begin.starts_with(kQuote)) return item();
+        rest_ = begin.substr(1);
+        const std::size_t end = rest_.find(kQuote);
+        const std::string_view taken = rest_.substr(0, end);
+        skipTo(end);
+        return taken;
+    }
+
+private:
+    /// Goes on behind a position, if there is one.
+    void skipTo(std::size_t position)
+    {
+        rest_.remove_prefix(position == std::string_view::npos ? rest_.size() : position + 1);
+    }
+
+    std::string_view rest_;
+};
+
+/// The whole part of a number, as far as it goes into an int.
+int wholePart(double number)
+{
+    constexpr double kMost = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(std::trunc(number), -kMost, kMost));
+}
+
+std::string readWhole(const std::filesystem::path& name)
+{
+    InputFile file;
+    file.open(name);
+    const std::int64_t size = file.size();
+    if (size > kMostBytes) throw RuntimeError(ErrorNumber::outOfMemory);
+    std::string text(static_cast<std::size_t>(size), '\0');
+    text.resize(file.readAt(0, text));
+    return text;
+}
+
+}  // namespace
+
+void PrintMatrix::beginChoice()
+{
+    saved_ = entries;
+    entries.clear();
+}
+
+bool PrintMatrix::endChoice()
+{
+    if (!entries.empty()) return true;
+    entries = saved_;
+    return false;
+}
+
+bool PrintMatrix::setMargin(double characters)
+{
+    const int margin = wholePart(characters);
+    if (margin < 1) return false;
+    PrintMargin = margin;
+    return true;
+}
+
+std::string PrintMatrix::toText() const
+{
+    std::string text;
+    for (int i = 1; i <= PrintMatrixCount(); ++i)
+        text.append(str(std::int64_t{entries.at(i)})).append(kLineEnd);
+    text.append(PrintHeader).append(kLineEnd);
+    text.append(str(std::int64_t{PrintMargin})).append(kLineEnd);
+    return text.append(1, kQuote).append(DocumentTemplate).append(1, kQuote).append(kLineEnd);
+}
+
+void PrintMatrix::fromText(std::string_view text)
+{
+    clear();
+    ItemReader reader(text);
+    std::string_view last;
+    for (int i = 1; i <= kMaxFields; ++i) {
+        const int number = wholePart(val(reader.peekItem()));
+        if (number == 0) {
+            last = reader.restOfLine();
+            break;
+        }
+        last = reader.item();
+        entries.append(number);
+    }
+    // With a full list this is the last entry, and all behind it is read one item too early: such a list has
+    // no header.
+    PrintHeader = last.substr(0, kHeaderWidth);
+    setMargin(val(reader.item()));
+    DocumentTemplate = reader.quotedItem();
+}
+
+void PrintMatrix::matrice(const RecFile& recFile) const
+{
+    OutputFile file;
+    file.open(matrixFile(recFile));
+    file.write(toText());
+    file.commit();
+}
+
+void PrintMatrix::read(const RecFile& recFile)
+{
+    clear();
+    try {
+        fromText(readWhole(matrixFile(recFile)));
+    } catch (const RuntimeError& error) {
+        if (error.number() != ErrorNumber::fileNotFound) throw;
+    }
+}
+
+}  // namespace quorvin
