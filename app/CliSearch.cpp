@@ -9,7 +9,7 @@
 #include "app/CliError.h"
 #include "app/CliHitPrinters.h"
 #include "app/CliReport.h"
-#include "app/Messages.h"
+#include "view/Messages.h"
 #include "base/Ansi.h"
 #include "base/Text.h"
 #include "search/SearchDriver.h"

@@ -7,36 +7,36 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
 #include <exception>
 
-#include "app/BuiltInTexts.h"
 #include "app/ClickModes.h"
-#include "app/Dialogs.h"
 #include "app/FormCanvas.h"
-#include "app/Messages.h"
+#include "app/FormFrames.h"
 #include "app/PreferencesFrame.h"
-#include "app/TextFrame.h"
-#include "app/Utf8.h"
 #include "base/RuntimeError.h"
+#include "output/ExportPanel.h"
+#include "output/MatrixPanel.h"
+#include "output/OutputPanel.h"
 #include "search/HitListView.h"
 #include "search/SearchPanel.h"
 #include "search/SearchStatus.h"
 #include "view/Colours.h"
+#include "view/Dialogs.h"
 #include "view/EpiDataLaunch.h"
 #include "view/FieldBox.h"
+#include "view/Messages.h"
 #include "view/Navigator.h"
 #include "view/RecordView.h"
+#include "view/Utf8.h"
 
 namespace quorvin {
 
 namespace {
-
-/// Longest field that EpiData can open.
-constexpr int kLongestCompatible = 80;
 
 /// Height in pixels of the screens that "risol.video vert.: 600" is for, and what a window's title takes of
 /// it.
@@ -49,18 +49,9 @@ constexpr int kHintMilliseconds = 6000;
 constexpr QRectF kNavigatorPlace(0, 0, 0, RecordView::kTopLines);
 constexpr QRectF kRecordPlace(0, RecordView::kTopLines, 0, 0);
 constexpr QRectF kInvitationPlace(0, 12, 0, 6);
-constexpr QRectF kGuidePlace(3, 3, 84, 37);
-constexpr QRectF kLimitsPlace(40, 8, 56, 18);
-constexpr QRectF kVersionPlace(44, 12, 56, 11);
-constexpr QRectF kPreferencesPlace(78, 3, 44, 11);
 
-bool isEpiDataCompatible(const FieldTable& fields)
-{
-    for (int n = 1; n <= fields.fieldCount; ++n) {
-        if (fields.length(n) > kLongestCompatible) return false;
-    }
-    return true;
-}
+/// First line of the print file, below which the record gives way to it.
+constexpr double kPrintTop = 26;
 
 }  // namespace
 
@@ -89,8 +80,15 @@ void Formstart::buildForm()
     searchStatus_ = new SearchStatus(this);
     searchPanel_ = new SearchPanel(
         {recFile_, selections_, *recordView_, *navigator_, menuTree_, *searchStatus_}, canvas_);
-    canvas_->place(&searchPanel_->Frame3(), RangeFrame::place());
-    placeSearchPanel();
+    canvas_->place(&searchPanel_->Frame3(), SearchPanel::kFrame3Place);
+    matrixPanel_ = new MatrixPanel({recFile_, *recordView_, menuTree_, dialogs_}, canvas_);
+    outputPanel_ = new OutputPanel({recFile_, matrixPanel_->matrix(), *recordView_, *navigator_, menuTree_,
+                                    *searchPanel_, *searchStatus_, dialogs_},
+                                   canvas_);
+    exportPanel_ =
+        new ExportPanel({recFile_, matrixPanel_->matrix(), menuTree_, *searchPanel_, dialogs_}, canvas_);
+    navigator_->insertTools(&outputPanel_->Command4());
+    placeParts();
 
     Label7 = new QLabel(fromUtf8Text(messages::kInvitation), canvas_);
     Label7->setObjectName(QStringLiteral("Label7"));
@@ -100,21 +98,9 @@ void Formstart::buildForm()
     Label7->setFont(large);
     canvas_->place(Label7, kInvitationPlace);
 
-    Frame7 = addTextFrame(QStringLiteral("note"),
-                          new TextFrame(QStringLiteral("Frame7"), fromUtf8Text(messages::kGuideFrame),
-                                        QStringLiteral("Text7"), guideText(), canvas_),
-                          kGuidePlace);
-    Frame5 = addTextFrame(QStringLiteral("limiti"),
-                          new TextFrame(QStringLiteral("Frame5"), fromUtf8Text(messages::kLimitsFrame),
-                                        QStringLiteral("Text6"), limitsText(), canvas_),
-                          kLimitsPlace);
-    Frame6 = addTextFrame(QStringLiteral("versione"),
-                          new TextFrame(QStringLiteral("Frame6"), fromUtf8Text(messages::kVersionFrame),
-                                        QStringLiteral("versionText"), versionText(), canvas_),
-                          kVersionPlace);
-    Frame10 = new PreferencesFrame(canvas_);
-    Frame10->hide();
-    canvas_->place(Frame10, kPreferencesPlace);
+    frames_ = new FormFrames(menuTree_, *canvas_);
+    menuTree_.addControl(*frames_->Frame10->Check1);
+    menuTree_.addControl(searchPanel_->Frame3());
 
     auto* scroll = new QScrollArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
@@ -126,14 +112,6 @@ void Formstart::buildForm()
     statusBar()->addPermanentWidget(&searchPanel_->norecSign());
 }
 
-TextFrame* Formstart::addTextFrame(const QString& menu, TextFrame* frame, const QRectF& place)
-{
-    frame->hide();
-    canvas_->place(frame, place);
-    connect(frame, &TitledFrame::closeRequested, &menuTree_.item(menu), &QAction::trigger);
-    return frame;
-}
-
 void Formstart::connectMenus()
 {
     struct Handler {
@@ -141,20 +119,14 @@ void Formstart::connectMenus()
         void (Formstart::*click)();
     };
     constexpr Handler kHandlers[] = {
-        {"aprifile", &Formstart::aprifile_Click},
-        {"preferenze", &Formstart::preferenze_Click},
-        {"impostMaiusc", &Formstart::impostMaiusc_Click},
-        {"compEpidat", &Formstart::compEpidat_Click},
-        {"adatta600", &Formstart::adatta600_Click},
-        {"esci", &Formstart::esci_Click},
+        {"aprifile", &Formstart::aprifile_Click},         {"preferenze", &Formstart::preferenze_Click},
+        {"impostMaiusc", &Formstart::impostMaiusc_Click}, {"compEpidat", &Formstart::compEpidat_Click},
+        {"adatta600", &Formstart::adatta600_Click},       {"esci", &Formstart::esci_Click},
         {"EpiData", &Formstart::EpiData_Click},
-        {"note", &Formstart::note_Click},
-        {"limiti", &Formstart::limiti_Click},
-        {"versione", &Formstart::versione_Click},
     };
     for (const Handler& handler : kHandlers)
         menuTree_.onClick(fromUtf8Text(handler.menu), [this, click = handler.click] { (this->*click)(); });
-    menuTree_.isBlocked = [this] { return searchPanel_->isSearching(); };
+    menuTree_.isBlocked = [this] { return isBusy(); };
 }
 
 void Formstart::connectParts()
@@ -162,24 +134,23 @@ void Formstart::connectParts()
     connect(canvas_, &FormCanvas::scaleChanged, recordView_, &RecordView::setScale);
     connect(canvas_, &FormCanvas::nextRequested, navigator_, &Navigator::pressNext);
     connect(canvas_, &FormCanvas::previousRequested, navigator_, &Navigator::pressPrevious);
-    connect(canvas_, &FormCanvas::escapePressed, this, &Formstart::closeTopFrame);
+    connect(canvas_, &FormCanvas::escapePressed, frames_, &FormFrames::closeTop);
     connect(recordView_, &RecordView::Text2_Click, this, &Formstart::Text2_Click);
     connect(navigator_, &Navigator::epiDataRequested, this, &Formstart::EpiData_Click);
     connect(navigator_, &Navigator::clearRequested, this, &Formstart::Command3_Click);
     connect(navigator_, &Navigator::expandRequested, &menuTree_.item(QStringLiteral("maxel")),
             &QAction::trigger);
     connect(navigator_, &Navigator::moveFailed, this, &Formstart::showHint);
-    connect(Frame10, &TitledFrame::closeRequested, &menuTree_.item(QStringLiteral("preferenze")),
-            &QAction::trigger);
-    connect(Frame10->Check1, &QCheckBox::clicked, this, &Formstart::Check1_Click);
-    connect(Frame10->Check3, &QCheckBox::clicked, this, &Formstart::Check3_Click);
+    connect(frames_->Frame10->Check1, &QCheckBox::clicked, this, &Formstart::Check1_Click);
+    connect(frames_->Frame10->Check3, &QCheckBox::clicked, this, &Formstart::Check3_Click);
     connectSearch();
+    connectOutput();
 }
 
 void Formstart::connectSearch()
 {
     searchPanel_->continuo = [this] {
-        return dialogs_.question(BoxIcon::question, fromUtf8Text(messages::kContinue));
+        return dialogs_.question(BoxIcon::question, fromUtf8Text(messages::kContinue), QString());
     };
     connect(searchPanel_, &SearchPanel::azzeravarRequested, this, &Formstart::azzeravar);
     connect(searchPanel_, &SearchPanel::cancellaRequested, this, &Formstart::cancella);
@@ -189,24 +160,50 @@ void Formstart::connectSearch()
     connect(searchPanel_, &SearchPanel::hitFailed, this,
             [this](const RuntimeError& error) { showError(messages::kHitError, error); });
     connect(searchPanel_, &SearchPanel::epiDataRequested, this, &Formstart::EpiData_Click);
-    connect(searchPanel_, &SearchPanel::placesChanged, this, &Formstart::placeSearchPanel);
+    connect(searchPanel_, &SearchPanel::placesChanged, this, &Formstart::placeParts);
     connect(searchPanel_, &SearchPanel::hint, this, &Formstart::showHint);
     connect(canvas_, &FormCanvas::scaleChanged, &searchPanel_->lists(), &HitLists::setScale);
-    connect(Frame10->Check2, &QCheckBox::toggled, searchPanel_,
+    connect(frames_->Frame10->Check2, &QCheckBox::toggled, searchPanel_,
             [this](bool checked) { searchPanel_->Check2 = checked; });
 }
 
-/// Stands the lists by their size, and gives the record the room beside what is shown of them.
-void Formstart::placeSearchPanel()
+void Formstart::connectOutput()
+{
+    connect(matrixPanel_, &MatrixPanel::azzeravarRequested, this, &Formstart::azzeravar);
+    connect(matrixPanel_, &MatrixPanel::cancellaRequested, this, &Formstart::cancella);
+    connect(matrixPanel_, &MatrixPanel::saveFailed, this,
+            [this](const RuntimeError& error) { showError(messages::kFileError, error); });
+    connect(matrixPanel_, &MatrixPanel::hint, this, &Formstart::showHint);
+    connect(outputPanel_, &OutputPanel::azzeravarRequested, this, &Formstart::azzeravar);
+    connect(outputPanel_, &OutputPanel::cancellaRequested, this, &Formstart::cancella);
+    connect(outputPanel_, &OutputPanel::placesChanged, this, &Formstart::placeParts);
+    connect(outputPanel_, &OutputPanel::hint, this, &Formstart::showHint);
+    connect(exportPanel_, &ExportPanel::hint, this, &Formstart::showHint);
+}
+
+/// Stands lists and print file, and gives the record the room beside and above what is shown of them.
+void Formstart::placeParts()
 {
     const HitLists& lists = searchPanel_->lists();
     const QRectF place = HitLists::place(menuTree_.isTicked(QStringLiteral("maxel")));
     canvas_->place(lists.List1, place);
     canvas_->place(lists.List2, place);
     QRectF record = kRecordPlace;
-    if (!searchPanel_->Frame3().isHidden()) record.setRight(RangeFrame::place().left());
-    if (lists.shown()) record.setRight(place.left());
+    if (!searchPanel_->Frame3().isHidden()) record.setRight(SearchPanel::kFrame3Place.left());
+    QRectF print(0, kPrintTop, 0, 0);
+    if (lists.shown()) {
+        record.setRight(place.left());
+        print.setRight(place.left());
+    }
+    PrintFrame& printFrame = outputPanel_->printFrame();
+    if (!printFrame.isHidden()) record.setBottom(kPrintTop);
+    canvas_->place(&printFrame, print);
     canvas_->place(recordView_, record);
+}
+
+bool Formstart::isBusy() const
+{
+    return searchPanel_->isSearching() || outputPanel_->isPrinting();
 }
 
 void Formstart::aprifile_Click()
@@ -237,10 +234,12 @@ void Formstart::openFile(const QString& name)
 
 void Formstart::Form_Load()
 {
+    outputPanel_->reset(recFile_.hasName());
+    matrixPanel_->load();
     if (!recFile_.hasName()) return;
     try {
         layOutFields();
-        setCompatible(isEpiDataCompatible(recFile_.fields()));
+        setCompatible(recFile_.fields().isEpiDataCompatible());
         Check1_Click();
         recFile_.measure();
         navigator_->showCount();
@@ -267,20 +266,23 @@ void Formstart::layOutFields()
     }
     layOut();
     searchPanel_->setTabOrderAfter(recordView_->Text2(recFile_.fieldCount()));
+    outputPanel_->printFrame().setTabOrderAfter(searchPanel_->lists().List2);
 }
 
 void Formstart::resetta()
 {
-    searchPanel_->abandon();
+    abandon();
     cancella();
     recFile_.reset();
     recordView_->hideFields();
     navigator_->reset();
     searchStatus_->reset();
     canvas_->setFormColour({});
-    Frame10->hide();
+    frames_->Frame10->hide();
     menuTree_.reset();
     searchPanel_->reset();
+    outputPanel_->reset(false);
+    matrixPanel_->load();
     showState();
 }
 
@@ -310,9 +312,7 @@ void Formstart::cancella()
 
 void Formstart::preferenze_Click()
 {
-    toggleFrame(QStringLiteral("preferenze"), Frame10);
-    menuTree_.refresh();
-    if (Frame10->isVisible()) Frame10->Check1->setFocus();
+    frames_->preferenze_Click();
 }
 
 void Formstart::impostMaiusc_Click()
@@ -353,34 +353,21 @@ void Formstart::EpiData_Click()
     }
 }
 
-void Formstart::note_Click()
-{
-    toggleFrame(QStringLiteral("note"), Frame7);
-}
-
-void Formstart::limiti_Click()
-{
-    toggleFrame(QStringLiteral("limiti"), Frame5);
-}
-
-void Formstart::versione_Click()
-{
-    toggleFrame(QStringLiteral("versione"), Frame6);
-}
-
 void Formstart::Check1_Click()
 {
-    const bool original = Frame10->Check1->isChecked();
+    const bool original = frames_->Frame10->Check1->isChecked();
     recordView_->useFileColours(original);
     canvas_->setFormColour(original ? paletteColour(recFile_.screenColour()) : QColor());
 }
 
 void Formstart::Check3_Click()
 {
-    if (!Frame10->Check3->isChecked()) return;
-    Frame10->Check4->setChecked(false);
-    Frame10->Check4->setEnabled(false);
-    if (PrintMatrix_.empty()) dialogs_.message(BoxIcon::exclamation, fromUtf8Text(messages::kEmptyMatrix));
+    const PreferencesFrame& Frame10 = *frames_->Frame10;
+    if (!Frame10.Check3->isChecked()) return;
+    Frame10.Check4->setChecked(false);
+    Frame10.Check4->setEnabled(false);
+    if (matrixPanel_->matrix().entries.empty())
+        dialogs_.message(BoxIcon::exclamation, fromUtf8Text(messages::kEmptyMatrix));
 }
 
 void Formstart::Command3_Click()
@@ -392,6 +379,7 @@ void Formstart::Command3_Click()
 void Formstart::Text2_Click(int index)
 {
     try {
+        if (matrixPanel_->isChoosing()) matrixPanel_->Text2_Click(index);
         for (const ClickMode& mode : clickModes()) {
             if (!mode.appliesTo([this](const char* menu) { return menuTree_.isTicked(fromUtf8Text(menu)); }))
                 continue;
@@ -404,29 +392,6 @@ void Formstart::Text2_Click(int index)
     } catch (const RuntimeError&) {
         // A list that is full takes no more fields.
     }
-}
-
-void Formstart::toggleFrame(const QString& menu, QWidget* frame)
-{
-    const bool shown = menuTree_.toggle(menu);
-    const bool focusWithin = focusWidget() && frame->isAncestorOf(focusWidget());
-    if (shown && !qobject_cast<TitledFrame*>(focusWidget() ? focusWidget()->parentWidget() : nullptr)) {
-        focusBeforeFrame_ = focusWidget();
-    }
-    frame->setVisible(shown);
-    if (shown) frame->raise();
-    if (!shown && focusWithin && focusBeforeFrame_) focusBeforeFrame_->setFocus();
-}
-
-/// Closes the frame that stands in front of all others.
-void Formstart::closeTopFrame()
-{
-    TitledFrame* top = nullptr;
-    for (QObject* child : canvas_->children()) {
-        auto* frame = qobject_cast<TitledFrame*>(child);
-        if (frame && frame->isVisible()) top = frame;
-    }
-    if (top) emit top->closeRequested();
 }
 
 void Formstart::goToRecord(const QString& number)
@@ -444,9 +409,16 @@ void Formstart::showHint(const QString& text)
     statusBar()->showMessage(text, kHintMilliseconds);
 }
 
-void Formstart::closeEvent(QCloseEvent* event)
+/// Ends at once what runs.
+void Formstart::abandon()
 {
     searchPanel_->abandon();
+    outputPanel_->abandon();
+}
+
+void Formstart::closeEvent(QCloseEvent* event)
+{
+    abandon();
     QMainWindow::closeEvent(event);
 }
 
@@ -461,7 +433,9 @@ void Formstart::dropEvent(QDropEvent* event)
     const QString name = event->mimeData()->urls().constFirst().toLocalFile();
     event->acceptProposedAction();
     // The program that the file comes from waits until the drop is over; it should not wait for a box.
-    QTimer::singleShot(0, this, [this, name] { openFile(name); });
+    QTimer::singleShot(0, this, [this, name] {
+        if (!isBusy()) openFile(name);
+    });
 }
 
 }  // namespace quorvin

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QPointer>
 
 #include "app/MenuTree.h"
 #include "rec/RecFile.h"
@@ -13,14 +12,16 @@ class QLabel;
 namespace quorvin {
 
 class Dialogs;
+class ExportPanel;
 class FormCanvas;
+class FormFrames;
+class MatrixPanel;
 class Navigator;
-class PreferencesFrame;
+class OutputPanel;
 class RecordView;
 class RuntimeError;
 class SearchPanel;
 class SearchStatus;
-class TextFrame;
 
 /// Owns one object of each subsystem and keeps what crosses them; everything else is the business of the part
 /// concerned.
@@ -47,8 +48,8 @@ private:
     void connectMenus();
     void connectParts();
     void connectSearch();
-    void placeSearchPanel();
-    TextFrame* addTextFrame(const QString& menu, TextFrame* frame, const QRectF& place);
+    void connectOutput();
+    void placeParts();
 
     void Form_Load();
     void layOutFields();
@@ -63,16 +64,13 @@ private:
     void adatta600_Click();
     void esci_Click();
     void EpiData_Click();
-    void note_Click();
-    void limiti_Click();
-    void versione_Click();
     void Check1_Click();
     void Check3_Click();
     void Command3_Click();
     void Text2_Click(int index);
 
-    void toggleFrame(const QString& menu, QWidget* frame);
-    void closeTopFrame();
+    bool isBusy() const;
+    void abandon();
     void setCompatible(bool compatible);
     void showState();
     void showHint(const QString& text);
@@ -81,19 +79,17 @@ private:
     Dialogs& dialogs_;
     RecFile recFile_;
     Selections selections_;
-    FieldList PrintMatrix_;
     MenuTree menuTree_;
     FormCanvas* canvas_ = nullptr;
     RecordView* recordView_ = nullptr;
     Navigator* navigator_ = nullptr;
     SearchStatus* searchStatus_ = nullptr;
     SearchPanel* searchPanel_ = nullptr;
+    MatrixPanel* matrixPanel_ = nullptr;
+    OutputPanel* outputPanel_ = nullptr;
+    ExportPanel* exportPanel_ = nullptr;
+    FormFrames* frames_ = nullptr;
     QLabel* Label7 = nullptr;
-    TextFrame* Frame5 = nullptr;  ///< limits
-    TextFrame* Frame6 = nullptr;  ///< version
-    TextFrame* Frame7 = nullptr;  ///< guide
-    PreferencesFrame* Frame10 = nullptr;
-    QPointer<QWidget> focusBeforeFrame_;
 };
 
 }  // namespace quorvin

@@ -13,7 +13,8 @@ grigio non sono disponibili in quel momento o in questa versione.
 
 MENU "File"
 "apri file": sceglie e apre il file di dati (.REC).
-"imposta stampante": sceglie la stampante e le sue impostazioni.
+"imposta stampante": sceglie la stampante (o un file PDF) per le stampe che
+  seguono e le sue impostazioni.
 "font dei caratteri": sceglie carattere, grandezza e stile della stampa.
 "margine stampa": spazi a sinistra di ogni riga (0 non cambia nulla).
 "preferenze file": apre e chiude il riquadro delle preferenze. "colori file
@@ -54,9 +55,11 @@ MENU "Stampa"
 "stampa rekord": prepara la stampa dei rekord fra "da rekord:" e "a rekord:"
   (Invio nella seconda casella), con i campi della matrice.
 "stampa ricerca": prepara la stampa dei rekord che troverà la ricerca. Il
-  pulsante di stampa invia ciò che è in mostra: testo, documento, grafico.
-"imposta matrice": clic sui campi da stampare, nell'ordine voluto; un nuovo
-  clic sulla voce salva la matrice su disco, accanto al file .REC.
+  tasto "stampa" invia ciò che è in mostra: testo, documento, grafico. Il
+  testo si può correggere prima; Esc chiude il riquadro a modalità spenta.
+"imposta matrice": clic sui campi da stampare, nell'ordine voluto (diventano
+  verdi); un nuovo clic sulla voce salva la matrice su disco, accanto al
+  file .REC. Senza alcun clic resta la matrice di prima.
 
 MENU "Opzioni"
 "ordine alfabetico ricerca": ordina l'elenco (richiede "elenco rekord").
@@ -84,7 +87,8 @@ In grigio: "Somma campi analoghi", "ricerca", "Griglia rekord campi
   analoghi", "Utilizza Excel".
 
 MENU "Esporta/Importa"
-Scelta la voce, i rekord trovati dalla ricerca vanno in un nuovo file.
+Scelta la voce, la ricerca chiede un nome e scrive i rekord trovati in un
+nuovo file, mai in quello aperto. Con Annulla la ricerca non scrive nulla.
 "crea .REC - matrice": con i campi della matrice di stampa.
 "crea .REC - ricerca-sel.": con i campi evidenziati per la ricerca.
 "crea .REC - ricerca-tutto": con tutti i campi.
@@ -97,7 +101,7 @@ MOUSE: clic sinistro su un campo lo sceglie per la ricerca; tenendo premuta
 una freccia si scorrono i rekord; i riquadri si spostano per il titolo.
 Mouse tasto destro: click su 'freccia < >' o su 'rekord n.' o su 'elenco file cercati'
 inserisce il numero di record negli appunti e richiama EpiData.
-TASTIERA: Ctrl+O apre un file, Ctrl+Q esce; Pag giù e Pag su vanno al rekord
+TASTIERA: Ctrl+O apre un file, Ctrl+P stampa, Ctrl+Q esce; Pag giù e Pag su vanno al rekord
 seguente e precedente; Tab passa in ordine da un campo all'altro;
 Ctrl+Spazio sceglie il campo come un clic; Invio in un campo avvia la
 ricerca; nell'elenco le frecce mostrano i rekord e Ctrl+C copia le righe;

@@ -5,10 +5,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
+#include <QWidget>
+#include <utility>
 
 #include "app/MenuTable.h"
 #include "app/ModeTable.h"
-#include "app/Utf8.h"
+#include "view/Utf8.h"
 
 namespace quorvin {
 
@@ -27,7 +29,6 @@ MenuTree::MenuTree(QMenuBar& bar)
     for (const MenuRow& row : menuTable())
         add(row, bar);
     reset();
-    refresh();
 }
 
 void MenuTree::add(const MenuRow& row, QMenuBar& bar)
@@ -70,6 +71,17 @@ void MenuTree::setTicked(const QString& name, bool ticked)
     item(name).setChecked(ticked);
 }
 
+void MenuTree::setMode(const QString& name, bool on)
+{
+    for (const ModeRow& mode : modeTable()) {
+        if (!on || fromUtf8Text(mode.name) != name) continue;
+        for (const std::string_view other : mode.unticks)
+            setTicked(fromUtf8Text(other), false);
+    }
+    setTicked(name, on);
+    refresh();
+}
+
 QString MenuTree::caption(const QString& name) const
 {
     QString caption = item(name).text();
@@ -97,9 +109,9 @@ void MenuTree::reset()
     for (const MenuRow& row : menuTable()) {
         if (row.kind == MenuKind::separator) continue;
         const QString name = fromUtf8Text(row.name);
-        setCaption(name, fromUtf8Text(row.caption));
         if (row.tick == Tick::on || row.tick == Tick::off) setTicked(name, row.tick == Tick::on);
     }
+    refresh();
 }
 
 void MenuTree::setFileOpen(bool open)
@@ -111,17 +123,22 @@ void MenuTree::setFileOpen(bool open)
 void MenuTree::refresh()
 {
     QSet<QString> disabled;
+    QHash<QString, QString> captions;
     for (const ModeRow& mode : modeTable()) {
         if (!isTicked(fromUtf8Text(mode.name))) continue;
         for (const std::string_view name : mode.disables)
             disabled.insert(fromUtf8Text(name));
+        captions.insert(fromUtf8Text(mode.menu), fromUtf8Text(mode.caption));
     }
     for (const MenuRow& row : menuTable()) {
         const QString name = fromUtf8Text(row.name);
         const bool available = row.availability == Availability::always ||
                                (row.availability == Availability::withFile && fileOpen_);
         item(name).setEnabled(available && !disabled.contains(name));
+        setCaption(name, captions.value(name, fromUtf8Text(row.caption)));
     }
+    for (QWidget* control : std::as_const(controls_))
+        control->setEnabled(!disabled.contains(control->objectName()));
 }
 
 }  // namespace quorvin

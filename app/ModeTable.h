@@ -1,4 +1,4 @@
-/// The working modes as data: what each of them switches off while it lasts.
+/// The working modes as data: what each of them switches off while it lasts, and how it shows.
 #pragma once
 
 #include <span>
@@ -9,7 +9,10 @@ namespace quorvin {
 /// A mode is on while the menu item of the same name is ticked.
 struct ModeRow {
     std::string_view name;
-    std::span<const std::string_view> disables;  ///< menus, items and controls
+    std::span<const std::string_view> disables;      ///< menus, items and controls, while it lasts
+    std::span<const std::string_view> unticks = {};  ///< items, when it begins
+    std::string_view menu = {};                      ///< the top-level menu that shows the mode
+    std::string_view caption = {};                   ///< and how it reads meanwhile
 };
 
 std::span<const ModeRow> modeTable();

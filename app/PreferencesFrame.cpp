@@ -3,7 +3,7 @@
 #include <QCheckBox>
 #include <QVBoxLayout>
 
-#include "app/Messages.h"
+#include "view/Messages.h"
 
 namespace quorvin {
 

@@ -1,9 +1,18 @@
 #include "app/QtDialogs.h"
 
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QFontInfo>
+#include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
 
-#include "app/Messages.h"
+#include "view/Messages.h"
 
 namespace quorvin {
 
@@ -23,6 +32,9 @@ QMessageBox::Icon iconOf(BoxIcon icon)
     }
     return QMessageBox::Information;
 }
+
+/// Room for a line of some 60 characters; pixels.
+constexpr int kInputWidth = 480;
 
 }  // namespace
 
@@ -44,12 +56,12 @@ void QtDialogs::message(BoxIcon icon, const QString& text)
     box.exec();
 }
 
-bool QtDialogs::question(BoxIcon icon, const QString& text)
+bool QtDialogs::question(BoxIcon icon, const QString& text, const QString& title)
 {
-    QMessageBox box(iconOf(icon), QLatin1String(messages::kProgram), text, QMessageBox::Yes | QMessageBox::No,
-                    window_);
+    QMessageBox box(iconOf(icon), title.isEmpty() ? QLatin1String(messages::kProgram) : title, text,
+                    QMessageBox::Yes | QMessageBox::No, window_);
     box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::Yes);
+    box.setDefaultButton(icon == BoxIcon::exclamation ? QMessageBox::No : QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
 }
@@ -62,6 +74,64 @@ QString QtDialogs::openFile(const QString& filter, const QString& folder)
     dialog.setNameFilters(nameFilters(filter));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return dialog.selectedFiles().constFirst();
+}
+
+QString QtDialogs::saveFile(const QString& filter, const QString& name)
+{
+    const QFileInfo info(name);
+    QFileDialog dialog(window_, QStringLiteral("salva il nuovo file"), info.absolutePath());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    // Whoever asks for the name has a question of its own about a file that is there.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(nameFilters(filter));
+    dialog.setDefaultSuffix(QStringLiteral("rec"));
+    if (!info.fileName().isEmpty()) dialog.selectFile(info.fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+QString QtDialogs::inputBox(const QString& prompt, const QString& text)
+{
+    QInputDialog dialog(window_);
+    dialog.setWindowTitle(QLatin1String(messages::kProgram));
+    dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(text);
+    // Prompts hold what the user has typed before; it is no markup.
+    if (auto* label = dialog.findChild<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+    }
+    dialog.resize(kInputWidth, 0);
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
+}
+
+std::optional<QFont> QtDialogs::chooseFont(const QString& title, const QFont& font)
+{
+    // The dialog knows fonts by the names that they have on this system.
+    QFont present(font);
+    present.setFamily(QFontInfo(font).family());
+    QFontDialog dialog(present, window_);
+    dialog.setWindowTitle(title);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.selectedFont();
+}
+
+bool QtDialogs::setUpPrinter(QPrinter& printer)
+{
+    QPrintDialog dialog(&printer, window_);
+    dialog.setWindowTitle(QStringLiteral("imposta stampante"));
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    // Where the dialog is Qt's own, its button promises to print.
+    if (const auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
+        for (QAbstractButton* button : buttons->buttons()) {
+            if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
+                button->setText(QStringLiteral("OK"));
+        }
+    }
+    return dialog.exec() == QDialog::Accepted;
 }
 
 }  // namespace quorvin

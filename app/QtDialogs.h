@@ -3,7 +3,7 @@
 
 #include <QStringList>
 
-#include "app/Dialogs.h"
+#include "view/Dialogs.h"
 
 class QWidget;
 
@@ -16,8 +16,12 @@ public:
     void setWindow(QWidget* window) { window_ = window; }
 
     void message(BoxIcon icon, const QString& text) override;
-    bool question(BoxIcon icon, const QString& text) override;
+    bool question(BoxIcon icon, const QString& text, const QString& title) override;
     QString openFile(const QString& filter, const QString& folder) override;
+    QString saveFile(const QString& filter, const QString& name) override;
+    QString inputBox(const QString& prompt, const QString& text) override;
+    std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
+    bool setUpPrinter(QPrinter& printer) override;
 
 private:
     QWidget* window_ = nullptr;

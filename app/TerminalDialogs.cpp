@@ -10,7 +10,7 @@ void TerminalDialogs::message(BoxIcon, const QString& text)
     QTextStream(stderr) << text << Qt::endl;
 }
 
-bool TerminalDialogs::question(BoxIcon icon, const QString& text)
+bool TerminalDialogs::question(BoxIcon icon, const QString& text, const QString&)
 {
     message(icon, text);
     return false;
@@ -19,6 +19,26 @@ bool TerminalDialogs::question(BoxIcon icon, const QString& text)
 QString TerminalDialogs::openFile(const QString&, const QString&)
 {
     return {};
+}
+
+QString TerminalDialogs::saveFile(const QString&, const QString&)
+{
+    return {};
+}
+
+QString TerminalDialogs::inputBox(const QString&, const QString&)
+{
+    return {};
+}
+
+std::optional<QFont> TerminalDialogs::chooseFont(const QString&, const QFont&)
+{
+    return {};
+}
+
+bool TerminalDialogs::setUpPrinter(QPrinter&)
+{
+    return false;
 }
 
 }  // namespace quorvin

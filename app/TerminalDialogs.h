@@ -1,7 +1,7 @@
 /// The boxes of a run that nobody watches.
 #pragma once
 
-#include "app/Dialogs.h"
+#include "view/Dialogs.h"
 
 namespace quorvin {
 
@@ -9,8 +9,12 @@ namespace quorvin {
 class TerminalDialogs : public Dialogs {
 public:
     void message(BoxIcon icon, const QString& text) override;
-    bool question(BoxIcon icon, const QString& text) override;
+    bool question(BoxIcon icon, const QString& text, const QString& title) override;
     QString openFile(const QString& filter, const QString& folder) override;
+    QString saveFile(const QString& filter, const QString& name) override;
+    QString inputBox(const QString& prompt, const QString& text) override;
+    std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
+    bool setUpPrinter(QPrinter& printer) override;
 
     /// Whether there was any message.
     bool spoken() const { return spoken_; }

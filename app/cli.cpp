@@ -14,7 +14,7 @@
 #include "app/CliError.h"
 #include "app/CliReport.h"
 #include "app/CliSearch.h"
-#include "app/Messages.h"
+#include "view/Messages.h"
 #include "base/CommandLine.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"

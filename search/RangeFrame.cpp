@@ -1,6 +1,7 @@
 #include "search/RangeFrame.h"
 
-#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "base/Text.h"
@@ -10,28 +11,32 @@ namespace quorvin {
 
 namespace {
 
-/// Above the lists, also when they are wide.
-constexpr QRectF kPlace(99, 2.1, 24.125, 3.8);
-
 constexpr int kLongestNumber = 20;
 
 }  // namespace
 
-RangeFrame::RangeFrame(QWidget* parent) :
+RangeFrame::RangeFrame(const QString& name, const QString& purpose, const QString& first, const QString& last,
+                       Qt::Orientation direction, QWidget* parent) :
     QFrame(parent),
-    Text3(makeBox(QStringLiteral("Text3"), QStringLiteral("da rekord:"))),
-    Text4(makeBox(QStringLiteral("Text4"), QStringLiteral("a rekord:")))
+    from(makeBox(first, QStringLiteral("da rekord:"))),
+    to(makeBox(last, QStringLiteral("a rekord:")))
 {
-    setObjectName(QStringLiteral("Frame3"));
-    setAccessibleName(QStringLiteral("ricerca parziale"));
+    setObjectName(name);
+    setAccessibleName(purpose);
     setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     setAutoFillBackground(true);
-    auto* layout = new QFormLayout(this);
+    auto* layout = new QGridLayout(this);
     layout->setContentsMargins(4, 2, 4, 2);
     layout->setVerticalSpacing(2);
-    for (QLineEdit* box : {Text3, Text4})
-        layout->addRow(box->accessibleName(), box);
-    connect(Text3, &QLineEdit::returnPressed, Text4, qOverload<>(&QWidget::setFocus));
+    for (QLineEdit* box : {from, to}) {
+        const bool column = direction == Qt::Vertical;
+        const int row = column ? layout->rowCount() : 0;
+        auto* label = new QLabel(box->accessibleName(), this);
+        label->setBuddy(box);
+        layout->addWidget(label, row, column ? 0 : layout->columnCount());
+        layout->addWidget(box, row, column ? 1 : layout->columnCount());
+    }
+    connect(from, &QLineEdit::returnPressed, to, qOverload<>(&QWidget::setFocus));
 }
 
 QLineEdit* RangeFrame::makeBox(const QString& name, const QString& purpose)
@@ -44,14 +49,9 @@ QLineEdit* RangeFrame::makeBox(const QString& name, const QString& purpose)
     return box;
 }
 
-QRectF RangeFrame::place()
-{
-    return kPlace;
-}
-
 SearchRange RangeFrame::range() const
 {
-    return {val(toAnsi(Text3->text())), val(toAnsi(Text4->text()))};
+    return {val(toAnsi(from->text())), val(toAnsi(to->text()))};
 }
 
 }  // namespace quorvin

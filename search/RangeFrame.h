@@ -1,4 +1,4 @@
-/// The two record numbers of a partial search.
+/// Two record numbers, first and last.
 #pragma once
 
 #include <QFrame>
@@ -9,18 +9,17 @@ class QLineEdit;
 
 namespace quorvin {
 
-/// Frame3 with the boxes Text3 (from record) and Text4 (to record). Enter moves from the first to the second.
+/// A frame with the boxes "da rekord:" and "a rekord:". Enter moves from the first to the second.
 class RangeFrame : public QFrame {
     Q_OBJECT
 
 public:
-    explicit RangeFrame(QWidget* parent);
+    /// The names of frame and boxes; `direction`: whether the boxes stand side by side or in a column.
+    RangeFrame(const QString& name, const QString& purpose, const QString& first, const QString& last,
+               Qt::Orientation direction, QWidget* parent);
 
-    QLineEdit* const Text3;
-    QLineEdit* const Text4;
-
-    /// Place in form units.
-    static QRectF place();
+    QLineEdit* const from;
+    QLineEdit* const to;
 
     /// The numbers typed; 0 where there is none.
     SearchRange range() const;

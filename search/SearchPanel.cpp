@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <exception>
 #include <utility>
 
@@ -41,7 +42,8 @@ SearchPanel::SearchPanel(const SearchParts& parts, QWidget* form) :
     parts_(parts),
     driver_(parts.recFile),
     lists_(driver_.hits(), parts.navigator, parts.recordView, form),
-    frame3_(new RangeFrame(form)),
+    frame3_(new RangeFrame(QStringLiteral("Frame3"), QStringLiteral("ricerca parziale"),
+                           QStringLiteral("Text3"), QStringLiteral("Text4"), Qt::Vertical, form)),
     norecSign_(new QLabel(QStringLiteral("X"), form)),
     run_(driver_, parts.status.stopButton(), this)
 {
@@ -117,10 +119,10 @@ void SearchPanel::ricparz_Click()
 {
     parts_.menu.setTicked(kRicparz, true);
     parts_.menu.setTicked(kRictot, false);
-    frame3_->Text3->clear();
-    frame3_->Text4->clear();
+    frame3_->from->clear();
+    frame3_->to->clear();
     frame3_->show();
-    frame3_->Text3->setFocus();
+    frame3_->from->setFocus();
     emit placesChanged();
 }
 
@@ -199,7 +201,7 @@ void SearchPanel::reset()
 
 void SearchPanel::setTabOrderAfter(QWidget* control)
 {
-    QWidget* const controls[] = {frame3_->Text3, frame3_->Text4, lists_.List1, lists_.List2};
+    QWidget* const controls[] = {frame3_->from, frame3_->to, lists_.List1, lists_.List2};
     for (QWidget* next : controls) {
         if (control) QWidget::setTabOrder(control, next);
         control = next;
@@ -215,7 +217,7 @@ void SearchPanel::Text2_KeyPress(int index)
     const FieldList& selection = parts_.selections.searchSelection;
     if (selection.empty()) emit fieldChosen(index);
     if (selection.empty()) return;
-    if (parts_.menu.isTicked(kRicparz) && frame3_->Text3->text().isEmpty()) frame3_->Text3->setFocus();
+    if (parts_.menu.isTicked(kRicparz) && frame3_->from->text().isEmpty()) frame3_->from->setFocus();
     start(query(index));
 }
 
@@ -248,6 +250,7 @@ void SearchPanel::start(const SearchQuery& query)
     // What was said before must not stand over the progress.
     emit hint({});
     SearchDriver::Started started = SearchDriver::Started::running;
+    const QScopedValueRollback<bool> starting(starting_, true);
     try {
         started = driver_.start(query);
         parts_.navigator.showCount();
@@ -258,7 +261,7 @@ void SearchPanel::start(const SearchQuery& query)
         return;
     }
     showState();
-    if (started == SearchDriver::Started::badEnd) frame3_->Text4->setFocus();
+    if (started == SearchDriver::Started::badEnd) frame3_->to->setFocus();
     if (started != SearchDriver::Started::running) return;
     parts_.status.showRunning();
     run_.start();
@@ -269,7 +272,8 @@ void SearchPanel::showState()
 {
     parts_.status.showHits(driver_.hitCount());
     parts_.status.showCriteria(fromAnsi(driver_.criteria()));
-    lists_.update(!isSearching());
+    lists_.update(!run_.isRunning());
+    emit stateShown();
 }
 
 bool SearchPanel::showAndAsk(RecordNumber n)

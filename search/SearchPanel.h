@@ -41,6 +41,8 @@ public:
     /// records are skipped.
     HitLists& lists() { return lists_; }
     RangeFrame& Frame3() { return *frame3_; }
+    /// Its place in form units: above the lists, also when they are wide.
+    static constexpr QRectF kFrame3Place{99, 2.1, 24.125, 3.8};
     QLabel& norecSign() { return *norecSign_; }
 
     /// Enter in the box of a field: searches, unless the box is empty.
@@ -49,8 +51,11 @@ public:
     /// Stands range and lists behind a control, the last field's box, for the Tab key.
     void setTabOrderAfter(QWidget* control);
 
-    /// From Enter until the results stand, pauses included.
-    bool isSearching() const { return run_.isRunning(); }
+    /// From Enter until the results stand, boxes included.
+    bool isSearching() const { return starting_ || run_.isRunning(); }
+    /// Has one that wants to see what is found take part in all searches; it must outlive the panel.
+    void addConsumer(SearchConsumer& consumer) { driver_.addConsumer(consumer); }
+
     /// Ends a search at once because the window closes.
     void abandon();
 
@@ -76,6 +81,8 @@ signals:
     void epiDataRequested();
     /// The lists or Frame3 came, went or changed their size.
     void placesChanged();
+    /// The results that a search has so far were brought up to date.
+    void stateShown();
     /// Something worth a word in passing; an empty text takes the last one back.
     void hint(const QString& text);
 
@@ -106,6 +113,7 @@ private:
     RangeFrame* frame3_;
     QLabel* norecSign_;
     SearchRun run_;
+    bool starting_ = false;  ///< a search is being prepared, perhaps by a box
 };
 
 }  // namespace quorvin

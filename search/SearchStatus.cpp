@@ -78,6 +78,11 @@ void SearchStatus::cancella()
 {
     showHits(0);
     showCriteria({});
+    hideState();
+}
+
+void SearchStatus::hideState()
+{
     showDone();
     Label16->hide();
 }
@@ -106,13 +111,20 @@ void SearchStatus::showCriteria(const QString& criteria)
 
 void SearchStatus::showRunning()
 {
-    Label16->setText(kSearching);
+    showRunning(kSearching);
+}
+
+void SearchStatus::showRunning(const QString& state)
+{
+    isRunning_ = true;
+    Label16->setText(state);
     Label16->show();
     running_.start();
 }
 
 void SearchStatus::showDone()
 {
+    isRunning_ = false;
     Label16->setText(kSearchDone);
     progress_->hide();
     stop_->hide();
@@ -124,7 +136,7 @@ void SearchStatus::showProgress(double share)
     // long.
     progress_->setMaximum(share < 1 ? kProgressSteps : 0);
     progress_->setValue(qRound(share * kProgressSteps));
-    const bool takesTime = Label16->text() == kSearching && running_.elapsed() >= kMoment;
+    const bool takesTime = isRunning_ && running_.elapsed() >= kMoment;
     progress_->setVisible(takesTime);
     stop_->setVisible(takesTime);
 }

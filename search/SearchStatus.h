@@ -31,6 +31,9 @@ public:
     /// A search runs; it is over.
     void showRunning();
     void showDone();
+    /// Something else runs, said by `state`; nothing does.
+    void showRunning(const QString& state);
+    void hideState();
     /// `share`: 0 to 1. Shown once the search has taken a moment.
     void showProgress(double share);
 
@@ -52,6 +55,7 @@ private:
     QProgressBar* progress_;
     QToolButton* stop_;
     QElapsedTimer running_;
+    bool isRunning_ = false;
 };
 
 }  // namespace quorvin

@@ -24,6 +24,9 @@ public:
         setTicked(name, ticked);
         return ticked;
     }
+    /// Enters or leaves the working mode of that name: its item is ticked, and everything that it switches
+    /// off or on, or shows by a caption, follows.
+    virtual void setMode(const QString& name, bool on) = 0;
     /// The caption as it reads, without the mark of its access key.
     virtual QString caption(const QString& name) const = 0;
     /// Has `handler` run at each click on an item. Handlers set the tick themselves.

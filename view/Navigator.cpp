@@ -62,6 +62,9 @@ void Navigator::nameButton(QPushButton& button, const QString& name, const QStri
     button.setObjectName(name);
     button.setToolTip(purpose);
     button.setAccessibleDescription(purpose);
+    // No wider than its caption needs: the row has to fit a window of 1000 pixels.
+    const QFontMetrics metrics(button.font());
+    button.setMaximumWidth(metrics.horizontalAdvance(button.text()) + 4 * metrics.averageCharWidth());
 }
 
 void Navigator::makeNumberControls()
@@ -117,12 +120,13 @@ void Navigator::insertTools(QWidget* tools)
 {
     auto* row = static_cast<QHBoxLayout*>(layout());
     row->insertWidget(row->count() - 1, tools);
-    QWidget* before = Text1;
-    for (QSlider* tool : tools->findChildren<QSlider*>()) {
-        setTabOrder(before, tool);
-        before = tool;
+    if (!lastTool_) lastTool_ = Text1;
+    for (QWidget* tool : QList<QWidget*>{tools} + tools->findChildren<QWidget*>()) {
+        if ((tool->focusPolicy() & Qt::TabFocus) == 0) continue;
+        setTabOrder(lastTool_, tool);
+        lastTool_ = tool;
     }
-    setTabOrder(before, Command5);
+    setTabOrder(lastTool_, Command5);
 }
 
 void Navigator::reset()

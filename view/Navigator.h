@@ -58,7 +58,9 @@ public:
     void stopRepeating();
     /// Puts a number into Text1, as typing does.
     void typeNumber(const QString& number);
-    /// A row of further controls, placed before Command5.
+    /// Names a button of the row, says what it is for, and keeps it as narrow as its caption allows.
+    static void nameButton(QPushButton& button, const QString& name, const QString& purpose);
+    /// Further controls, one or a row of them, placed before Command5, in the order of the calls.
     void insertTools(QWidget* tools);
 
 signals:
@@ -77,7 +79,6 @@ private:
     void showRecord(RecordNumber n, const QString& caption);
     void read(RecordNumber n);
     void showSignal(bool deleted);
-    void nameButton(QPushButton& button, const QString& name, const QString& purpose);
     void makeNumberControls();
     void enableControls(bool enabled);
     void layOut();
@@ -94,6 +95,7 @@ private:
     QPushButton* Command3;
     QPushButton* Command5;
     QLineEdit* Text1;
+    QWidget* lastTool_ = nullptr;  ///< before Command5 for the Tab key
     QLabel* Label14;
     QLabel* Label9;
 };

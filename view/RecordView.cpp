@@ -135,6 +135,7 @@ void RecordView::layOutField(const FieldTable& fields, int n)
 
 void RecordView::hideFields()
 {
+    releaseBoxes();
     for (int n = 1; n <= fieldCount_; ++n) {
         field(n).Label2->hide();
         field(n).Text2->hide();
@@ -189,7 +190,29 @@ void RecordView::azzeravar()
 void RecordView::enableBoxes()
 {
     for (int n = 1; n <= fieldCount_; ++n)
-        field(n).Text2->setEnabled(true);
+        field(n).Text2->setEnabled(!allKept_ && !field(n).kept);
+}
+
+void RecordView::keepBox(int n, const ColourPair& colours)
+{
+    if (!Text2(n)) return;
+    highlight(n, colours);
+    field(n).kept = true;
+    enableBoxes();
+}
+
+void RecordView::keepAllBoxes()
+{
+    allKept_ = true;
+    enableBoxes();
+}
+
+void RecordView::releaseBoxes()
+{
+    allKept_ = false;
+    for (int n = 1; n <= fieldCount_; ++n)
+        field(n).kept = false;
+    enableBoxes();
 }
 
 void RecordView::Slider1_Change()
@@ -263,8 +286,9 @@ void RecordView::highlight(int n, const ColourPair& colours)
 
 void RecordView::clearHighlights()
 {
-    for (int n = 1; n <= fieldCount_; ++n)
-        field(n).highlight.reset();
+    for (int n = 1; n <= fieldCount_; ++n) {
+        if (!field(n).kept) field(n).highlight.reset();
+    }
     paintAll();
 }
 

@@ -45,15 +45,21 @@ public:
     /// Box of field `n`, 1..fieldCount; null for any other number.
     FieldBox* Text2(int n) const;
     void setValue(int n, const QString& value);
-    /// Empties and enables all boxes.
+    /// Empties all boxes, and enables them as `enableBoxes` does.
     void azzeravar();
+    /// Enables all boxes but those that a mode keeps: one by one, with colours that stay meanwhile, or all of
+    /// them.
     void enableBoxes();
+    void keepBox(int n, const ColourPair& colours);
+    void keepAllBoxes();
+    void releaseBoxes();
 
     /// "colori file originali": the file's own colours, or the usual ones.
     void useFileColours(bool on);
     /// Background of all labels while a mode shows itself by it; an invalid colour for the usual one.
     void setLabelColour(const QColor& colour);
-    /// Colours of a chosen box; they go over all others until they are taken off.
+    /// Colours of a chosen box; they go over all others until they are taken off, which those of a box that
+    /// a mode keeps are not.
     void highlight(int n, const ColourPair& colours);
     void clearHighlights();
 
@@ -84,6 +90,7 @@ private:
         ColourPair questionColours;
         ColourPair boxColours;
         std::optional<ColourPair> highlight;
+        bool kept = false;  ///< disabled by a mode
     };
 
     void makeScaleBar();
@@ -106,7 +113,8 @@ private:
     std::array<Field, kFieldSlots> fields_;
     int fieldCount_ = 0;
     bool fileColours_ = false;
-    int lift_ = 0;  ///< lines that the fields are moved up beyond what VScroll1 does
+    bool allKept_ = false;  ///< a mode keeps all boxes
+    int lift_ = 0;          ///< lines that the fields are moved up beyond what VScroll1 does
     QColor labelColour_;
     FormScale scale_;
     QWidget* scaleBar_;

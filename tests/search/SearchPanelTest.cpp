@@ -35,24 +35,6 @@ protected:
                  .record({"Roma", "", " 9"}));
     }
 
-    /// Puts the texts into the boxes, choosing the fields that are not chosen, and presses Enter in the last.
-    void search(const std::vector<std::pair<int, const char*>>& criteria)
-    {
-        std::string box;
-        for (const auto& [field, typed] : criteria) {
-            box = "Text2(" + std::to_string(field) + ")";
-            click(box.c_str());
-            type(box.c_str(), text(typed));
-        }
-        enter(box.c_str());
-    }
-
-    void enter(const char* box)
-    {
-        QTest::keyClick(&control(box), Qt::Key_Return);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return caption("Label16") != text("  ...ricerca in corso"); }));
-    }
-
     QStringList lines(const char* list = "List1")
     {
         const QAbstractItemModel& model = *control<QListView>(list).model();

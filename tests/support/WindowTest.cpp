@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPrinter>
 #include <QTest>
 
 namespace quorvin::test {
@@ -15,9 +17,9 @@ void ScriptedDialogs::message(BoxIcon icon, const QString& text)
     messages.append((icon == BoxIcon::critical ? QStringLiteral("!") : QString()) + text);
 }
 
-bool ScriptedDialogs::question(BoxIcon icon, const QString& text)
+bool ScriptedDialogs::question(BoxIcon icon, const QString& text, const QString& title)
 {
-    message(icon, text);
+    message(icon, title + text);
     whileAsking();
     return yesAnswers-- > 0;
 }
@@ -26,6 +28,32 @@ QString ScriptedDialogs::openFile(const QString& filter, const QString&)
 {
     askedFilter = filter;
     return fileToOpen;
+}
+
+QString ScriptedDialogs::saveFile(const QString&, const QString& name)
+{
+    askedNames.append(name);
+    return filesToSave.isEmpty() ? QString() : filesToSave.takeFirst();
+}
+
+QString ScriptedDialogs::inputBox(const QString& prompt, const QString&)
+{
+    messages.append(prompt);
+    return typed;
+}
+
+std::optional<QFont> ScriptedDialogs::chooseFont(const QString& title, const QFont&)
+{
+    messages.append(title);
+    return font;
+}
+
+bool ScriptedDialogs::setUpPrinter(QPrinter& printer)
+{
+    if (pdf.isEmpty()) return false;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(pdf);
+    return true;
 }
 
 WindowTest::WindowTest() : form_(std::make_unique<Formstart>(dialogs_))
@@ -49,6 +77,7 @@ void WindowTest::openFile(const std::filesystem::path& name)
 
 QAction& WindowTest::item(const char* name)
 {
+    if (auto* menu = form_->findChild<QMenu*>(QString::fromLatin1(name))) return *menu->menuAction();
     return control<QAction>(name);
 }
 
@@ -77,6 +106,24 @@ void WindowTest::type(const char* name, const QString& text)
     box.setFocus();
     box.selectAll();
     QTest::keyClicks(&box, text);
+}
+
+void WindowTest::search(const std::vector<std::pair<int, const char*>>& criteria)
+{
+    std::string box;
+    for (const auto& [field, typed] : criteria) {
+        box = "Text2(" + std::to_string(field) + ")";
+        click(box.c_str());
+        type(box.c_str(), QString::fromLatin1(typed));
+    }
+    enter(box.c_str());
+}
+
+void WindowTest::enter(const char* box)
+{
+    QTest::keyClick(&control(box), Qt::Key_Return);
+    const QString running = QStringLiteral("  ...ricerca in corso");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return caption("Label16") != running; }));
 }
 
 QString WindowTest::caption(const char* label)

@@ -7,10 +7,10 @@
 #include <functional>
 #include <memory>
 
-#include "app/Dialogs.h"
 #include "app/Formstart.h"
 #include "tests/support/RecBuilder.h"
 #include "tests/support/TempFolder.h"
+#include "view/Dialogs.h"
 
 class QAction;
 
@@ -20,14 +20,23 @@ namespace quorvin::test {
 class ScriptedDialogs : public Dialogs {
 public:
     void message(BoxIcon icon, const QString& text) override;
-    bool question(BoxIcon icon, const QString& text) override;
+    bool question(BoxIcon icon, const QString& text, const QString& title) override;
     QString openFile(const QString& filter, const QString& folder) override;
+    QString saveFile(const QString& filter, const QString& name) override;
+    QString inputBox(const QString& prompt, const QString& text) override;
+    std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
+    bool setUpPrinter(QPrinter& printer) override;
 
     QStringList messages;  ///< texts of the boxes, "!" before critical ones
     int yesAnswers = 0;    ///< questions answered with Yes; all others with No
     std::function<void()> whileAsking = [] {};
     QString fileToOpen;  ///< empty: cancel
     QString askedFilter;
+    QStringList filesToSave;  ///< answers in turn; then cancel
+    QStringList askedNames;   ///< names offered
+    QString typed;            ///< answer to input boxes; empty: cancel
+    std::optional<QFont> font;
+    QString pdf;  ///< file that the printer's dialog chooses; empty: cancel
 };
 
 class WindowTest : public testing::Test {
@@ -45,6 +54,7 @@ protected:
         if (!found) throw std::runtime_error(std::string("no control ") + name);
         return *found;
     }
+    /// Menu item, or the entry of a menu.
     QAction& item(const char* name);
     /// Triggers a menu item as a click on it does.
     void choose(const char* name) const;
@@ -53,6 +63,10 @@ protected:
     static void useEpiDataStub();
     bool epiDataStarted() const { return std::filesystem::exists(file().string() + ".started"); }
     void type(const char* name, const QString& text);
+    /// Puts the texts into the boxes, choosing their fields by a click, and presses Enter in the last.
+    void search(const std::vector<std::pair<int, const char*>>& criteria);
+    /// Presses Enter in a box and waits for the search's end.
+    void enter(const char* box);
 
     QString caption(const char* label);
     QString value(int field);

@@ -15,6 +15,21 @@ inline constexpr char kContinue[] = "continuo?";
 
 inline constexpr char kEmptyMatrix[] = " Attenzione !! Matrice di stampa vuota";
 
+/// Prompts for header and margin of the print file, around what they are now.
+inline constexpr char kHeaderPrompt[] = "Attuale : ";
+inline constexpr char kMarginPrompt[] = "Attuale:";
+inline constexpr char kMarginPromptEnd[] = ", inserire il nuovo margine sinistro di stampa";
+
+inline constexpr char kFontTitle[] = "Imposta pagina";
+inline constexpr char kNoPrinter[] = "Errore!! manca stampante !!";
+
+/// About the file that a new REC file is to be written to; the question has the file's name within.
+inline constexpr char kIsSource[] = "Errore!! non è possibile sostituire il file origine!! ";
+inline constexpr char kOverwriteTitle[] = "Attenzione!!";
+inline constexpr char kOverwrite[] = "il file ";
+inline constexpr char kOverwriteEnd[] = " esiste già ...sovrascrivere il file esistente?";
+inline constexpr char kNoFields[] = "Errore!! matrice vuota!! ";
+
 /// Pairs of description and pattern, separated by bars.
 inline constexpr char kOpenFilter[] =
     " File dati EpiData (*.rec) |*.rec|File dati Testo (*.txt) |*.txt|File dati Tutti (*.*) |*.*";

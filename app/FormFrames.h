@@ -1,0 +1,47 @@
+/// The frames that menu items show and hide over the form: guide, limits, version, preferences.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QRectF;
+
+namespace quorvin {
+
+class FormCanvas;
+class MenuTree;
+class PreferencesFrame;
+class TextFrame;
+class TitledFrame;
+
+/// Owns Frame5, Frame6, Frame7 and Frame10. A frame is shown while its item is ticked; closing it unticks the
+/// item. The focus goes back to where it was before.
+class FormFrames : public QObject {
+    Q_OBJECT
+
+public:
+    /// `menu` and `canvas` must outlive the frames' use.
+    FormFrames(MenuTree& menu, FormCanvas& canvas);
+
+    PreferencesFrame* const Frame10;
+
+    void preferenze_Click();
+    /// Closes the frame that stands in front of all others.
+    void closeTop();
+
+private:
+    void add(const QString& menu, TitledFrame* frame, const QRectF& place);
+    void note_Click();
+    void limiti_Click();
+    void versione_Click();
+    void toggle(const QString& menu, QWidget* frame);
+
+    MenuTree& menu_;
+    FormCanvas& canvas_;
+    TextFrame* Frame5;  ///< limits
+    TextFrame* Frame6;  ///< version
+    TextFrame* Frame7;  ///< guide
+    QPointer<QWidget> focusBefore_;
+};
+
+}  // namespace quorvin

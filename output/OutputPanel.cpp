@@ -1,0 +1,319 @@
+#include "output/OutputPanel.h"
+
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QPushButton>
+#include <exception>
+#include <utility>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "output/OverwriteQuestion.h"
+#include "output/PrintMatrix.h"
+#include "search/RangeFrame.h"
+#include "search/SearchPanel.h"
+#include "search/SearchStatus.h"
+#include "view/AnsiText.h"
+#include "view/Dialogs.h"
+#include "view/MenuState.h"
+#include "view/Messages.h"
+#include "view/Navigator.h"
+#include "view/RecordView.h"
+#include "view/Utf8.h"
+
+namespace quorvin {
+
+namespace {
+
+const QString kStamp1 = QStringLiteral("stamp1");
+const QString kStamp2 = QStringLiteral("stamp2");
+const QString kStampcol = QStringLiteral("stampcol");
+
+/// Records between two looks at the clock, and the milliseconds that the window waits: for what is done at
+/// once, for a slice of what takes longer, and between two showings of the progress.
+constexpr RecordNumber kStep = 1000;
+constexpr qint64 kAtOnce = 150;
+constexpr qint64 kSlice = 30;
+constexpr qint64 kProgress = 50;
+
+}  // namespace
+
+OutputPanel::OutputPanel(const OutputParts& parts, QWidget* form) :
+    QObject(form),
+    parts_(parts),
+    printFile_(parts.recFile, parts.matrix),
+    interval_(parts.recFile, printFile_),
+    frame_(new PrintFrame(form)),
+    command4_(new QPushButton(QStringLiteral("stampa"), form)),
+    gate_(parts.status.stopButton(), this)
+{
+    Navigator::nameButton(*command4_, QStringLiteral("Command4"),
+                          QStringLiteral("stampa ciò che è in mostra (Ctrl+P)"));
+    command4_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    connect(command4_, &QPushButton::clicked, this, &OutputPanel::Command4_Click);
+    connect(frame_, &PrintFrame::Text8_Click, this, &OutputPanel::Text8_Click);
+    connect(frame_, &PrintFrame::Text9_Click, this, &OutputPanel::Text9_Click);
+    connect(frame_, &PrintFrame::Text9_Change, this, &OutputPanel::Text9_Change);
+    connect(frame_, &PrintFrame::Text9_KeyPress, this, &OutputPanel::Text9_KeyPress);
+    connect(frame_, &PrintFrame::closeRequested, this, &OutputPanel::closeFrame);
+    connect(&timer_, &QTimer::timeout, this, &OutputPanel::printSome);
+    connect(&gate_, &InputGate::escapePressed, this, &OutputPanel::stopInterval);
+    connect(&parts.status, &SearchStatus::stopRequested, this, &OutputPanel::stopInterval);
+    connect(&parts.search, &SearchPanel::stateShown, this, &OutputPanel::showPrintFile);
+    parts.search.addConsumer(printFile_);
+    connectMenu();
+    reset(false);
+}
+
+void OutputPanel::connectMenu()
+{
+    const std::pair<QString, void (OutputPanel::*)()> handlers[] = {
+        {kStamp1, &OutputPanel::stamp1_Click},
+        {kStamp2, &OutputPanel::stamp2_Click},
+        {QStringLiteral("prefstamp"), &OutputPanel::prefstamp_Click},
+        {QStringLiteral("impoststamp"), &OutputPanel::impoststamp_Click},
+        {kStampcol, &OutputPanel::stampcol_Click},
+    };
+    for (const auto& [item, click] : handlers)
+        parts_.menu.onClick(item, [this, handler = click] { (this->*handler)(); });
+}
+
+void OutputPanel::reset(bool fileOpen)
+{
+    printFile_.clear();
+    showPrintFile();
+    printer_.font = Printer::usualFont();
+    frame_->setTextFont(printer_.font);
+    frame_->hide();
+    command4_->setEnabled(fileOpen);
+    followModes();
+}
+
+// The modes
+
+bool OutputPanel::isCounting() const
+{
+    return parts_.menu.isTicked(QStringLiteral("freq")) || parts_.menu.isTicked(QStringLiteral("tabella"));
+}
+
+/// What follows from the ticks of the two modes.
+void OutputPanel::followModes()
+{
+    const bool records = parts_.menu.isTicked(kStamp1);
+    printFile_.stamp2 = parts_.menu.isTicked(kStamp2);
+    frame_->Frame8().setVisible(records);
+    frame_->setClosable(!records && !printFile_.stamp2);
+    if (records) {
+        parts_.recordView.keepAllBoxes();
+    } else {
+        parts_.recordView.releaseBoxes();
+    }
+    emit placesChanged();
+}
+
+/// Common to the beginning of both modes: an empty print file in sight.
+void OutputPanel::begin()
+{
+    printFile_.clear();
+    showPrintFile();
+    frame_->show();
+}
+
+void OutputPanel::stamp1_Click()
+{
+    if (parts_.menu.isTicked(kStamp1)) {
+        parts_.menu.setMode(kStamp1, false);
+        followModes();
+        parts_.navigator.focusNext();
+        emit cancellaRequested();
+        return;
+    }
+    if (isCounting()) return;
+    parts_.menu.setMode(kStamp1, true);
+    begin();
+    frame_->Frame8().from->clear();
+    frame_->Frame8().to->clear();
+    parts_.search.cancella();
+    parts_.status.hideState();
+    emit azzeravarRequested();
+    followModes();
+    warnOfEmptyMatrix();
+    frame_->Frame8().from->setFocus();
+}
+
+void OutputPanel::stamp2_Click()
+{
+    if (parts_.menu.isTicked(kStamp2)) {
+        parts_.menu.setMode(kStamp2, false);
+        followModes();
+        return;
+    }
+    if (isCounting()) return;
+    parts_.menu.setMode(kStamp2, true);
+    begin();
+    followModes();
+    emit azzeravarRequested();
+    warnOfEmptyMatrix();
+    emit cancellaRequested();
+}
+
+void OutputPanel::warnOfEmptyMatrix()
+{
+    if (parts_.matrix.entries.empty())
+        parts_.dialogs.message(BoxIcon::exclamation, fromUtf8Text(messages::kEmptyMatrix));
+}
+
+void OutputPanel::showPrintFile()
+{
+    frame_->show(printFile_);
+}
+
+void OutputPanel::closeFrame()
+{
+    frame_->hide();
+    parts_.navigator.focusNext();
+    emit placesChanged();
+}
+
+// The interval
+
+void OutputPanel::Text8_Click()
+{
+    frame_->Frame8().from->clear();
+    frame_->Frame8().to->clear();
+}
+
+void OutputPanel::Text9_Click()
+{
+    printFile_.clear();
+    showPrintFile();
+    frame_->Frame8().to->clear();
+}
+
+void OutputPanel::Text9_Change()
+{
+    const RecordNumber count = parts_.recFile.recordCount();
+    if (frame_->Frame8().range().to.value_or(0) > static_cast<double>(count))
+        frame_->Frame8().to->setText(QString::number(count));
+}
+
+void OutputPanel::Text9_KeyPress()
+{
+    if (isPrinting() || frame_->Frame8().to->text().isEmpty()) return;
+    printFile_.clear();
+    showPrintFile();
+    parts_.navigator.stopRepeating();
+    try {
+        parts_.navigator.recount();
+        const SearchRange range = frame_->Frame8().range();
+        const bool norec = parts_.menu.isTicked(QStringLiteral("norec"));
+        if (!interval_.start(range.from, range.to.value_or(0), norec)) {
+            emit hint(QStringLiteral("intervallo di rekord non valido"));
+            return;
+        }
+    } catch (const std::exception&) {
+        emit hint(fromUtf8Text(currentError().description()));
+        return;
+    }
+    frame_->show();
+    if (!printFor(kAtOnce)) {
+        endInterval();
+        return;
+    }
+    parts_.status.showRunning(QStringLiteral("  ...stampa in corso"));
+    gate_.close();
+    sinceProgress_.start();
+    timer_.start(0);
+}
+
+/// Prints for some milliseconds; false when nothing is left to print. What fails ends the interval with what
+/// was printed so far.
+bool OutputPanel::printFor(qint64 milliseconds)
+{
+    QElapsedTimer time;
+    time.start();
+    try {
+        while (interval_.advance(kStep)) {
+            if (time.elapsed() >= milliseconds) return true;
+        }
+    } catch (const std::exception&) {
+        emit hint(QStringLiteral("stampa interrotta: ") + fromUtf8Text(currentError().description()));
+    }
+    return false;
+}
+
+void OutputPanel::printSome()
+{
+    if (!printFor(kSlice)) {
+        endInterval();
+    } else if (sinceProgress_.elapsed() >= kProgress) {
+        sinceProgress_.restart();
+        parts_.status.showProgress(interval_.progress());
+    }
+}
+
+void OutputPanel::stopInterval()
+{
+    if (isPrinting()) endInterval();
+}
+
+void OutputPanel::endInterval()
+{
+    abandon();
+    showPrintFile();
+    frame_->focusText();
+}
+
+void OutputPanel::abandon()
+{
+    interval_.stop();
+    if (!isPrinting()) return;
+    timer_.stop();
+    gate_.open();
+    parts_.status.hideState();
+}
+
+// Font and printer
+
+void OutputPanel::prefstamp_Click()
+{
+    const auto chosen = parts_.dialogs.chooseFont(fromUtf8Text(messages::kFontTitle), printer_.font);
+    if (!chosen) return;
+    QFont font(chosen->family(), chosen->pointSize());
+    font.setBold(chosen->bold());
+    font.setItalic(chosen->italic());
+    printer_.font = font;
+    frame_->setTextFont(font);
+}
+
+void OutputPanel::impoststamp_Click()
+{
+    printer_.setUp(parts_.dialogs);
+}
+
+void OutputPanel::stampcol_Click()
+{
+    printer_.stampcol = parts_.menu.toggle(kStampcol);
+    if (!printer_.isReachable())
+        parts_.dialogs.message(BoxIcon::critical, fromUtf8Text(messages::kNoPrinter));
+}
+
+void OutputPanel::Command4_Click()
+{
+    if (isCounting()) return;
+    if (frame_->isHidden() || frame_->text().isEmpty()) {
+        emit hint(QStringLiteral("non c'è nulla da stampare"));
+        return;
+    }
+    const QString replaced = printer_.fileToReplace();
+    if (!replaced.isEmpty() && !askToOverwrite(parts_.dialogs, replaced)) return;
+    try {
+        printer_.print(frame_->text(), QFileInfo(parts_.recFile.dataFileName()).fileName());
+        emit hint(QStringLiteral("stampa inviata"));
+    } catch (const std::exception&) {
+        emit hint(fromUtf8Text(currentError().description()));
+        parts_.dialogs.message(BoxIcon::critical, fromUtf8Text(messages::kNoPrinter));
+    }
+}
+
+}  // namespace quorvin

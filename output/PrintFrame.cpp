@@ -1,0 +1,135 @@
+#include "output/PrintFrame.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPlainTextEdit>
+#include <QTextCursor>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "output/PrintFile.h"
+#include "search/RangeFrame.h"
+#include "view/AnsiText.h"
+
+namespace quorvin {
+
+PrintFrame::PrintFrame(QWidget* parent) :
+    QFrame(parent),
+    frame8_(new RangeFrame(QStringLiteral("Frame8"), QStringLiteral("rekord da stampare"),
+                           QStringLiteral("Text8"), QStringLiteral("Text9"), Qt::Horizontal, this)),
+    Text5(new QPlainTextEdit(this)),
+    fill_(new QLabel(this)),
+    close_(new QToolButton(this))
+{
+    setObjectName(QStringLiteral("printFrame"));
+    setAccessibleName(QStringLiteral("file di stampa"));
+    setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
+    setAutoFillBackground(true);
+    Text5->setObjectName(QStringLiteral("Text5"));
+    Text5->setAccessibleName(QStringLiteral("testo del file di stampa"));
+    Text5->setLineWrapMode(QPlainTextEdit::NoWrap);
+    Text5->setTabChangesFocus(true);
+    // A file dropped anywhere on the window is to be opened.
+    Text5->setAcceptDrops(false);
+    close_->setText(QStringLiteral("×"));
+    close_->setAutoRaise(true);
+    close_->setAccessibleName(QStringLiteral("chiudi"));
+    close_->setToolTip(QStringLiteral("chiudi (Esc)"));
+    connect(close_, &QToolButton::clicked, this, &PrintFrame::closeRequested);
+    for (QLineEdit* box : {frame8_->from, frame8_->to})
+        box->installEventFilter(this);
+    connect(frame8_->to, &QLineEdit::textChanged, this, &PrintFrame::Text9_Change);
+    connect(frame8_->to, &QLineEdit::returnPressed, this, &PrintFrame::Text9_KeyPress);
+    layOut();
+}
+
+void PrintFrame::layOut()
+{
+    auto* title = new QLabel(QStringLiteral("file di stampa"), this);
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(12);
+    head->addWidget(title);
+    head->addWidget(frame8_);
+    head->addStretch();
+    head->addWidget(fill_);
+    head->addWidget(close_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setSpacing(2);
+    layout->addLayout(head);
+    layout->addWidget(Text5, 1);
+}
+
+void PrintFrame::show(const PrintFile& printFile)
+{
+    const std::string_view text = printFile.text();
+    if (printFile.edition() != edition_) {
+        Text5->setPlainText(fromAnsi(text));
+    } else if (text.size() > shown_) {
+        QTextCursor end(Text5->document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(fromAnsi(text.substr(shown_)));
+    }
+    edition_ = printFile.edition();
+    shown_ = text.size();
+    const QLocale italian(QLocale::Italian);
+    const auto inItalian = [&](std::size_t n) { return italian.toString(static_cast<qulonglong>(n)); };
+    fill_->setText(printFile.isFull() ? QStringLiteral("pieno: il resto manca (32K)")
+                                      : QStringLiteral("%1 caratteri di %2")
+                                            .arg(inItalian(text.size()), inItalian(PrintFile::kCapacity)));
+}
+
+QString PrintFrame::text() const
+{
+    return Text5->toPlainText();
+}
+
+void PrintFrame::setTextFont(const QFont& font)
+{
+    Text5->setFont(font);
+}
+
+void PrintFrame::focusText()
+{
+    Text5->setFocus();
+}
+
+void PrintFrame::setTabOrderAfter(QWidget* control)
+{
+    QWidget* const controls[] = {frame8_->from, frame8_->to, Text5, close_};
+    for (QWidget* next : controls) {
+        setTabOrder(control, next);
+        control = next;
+    }
+}
+
+void PrintFrame::setClosable(bool closable)
+{
+    close_->setVisible(closable);
+}
+
+bool PrintFrame::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool pressed = event->type() == QEvent::MouseButtonPress &&
+                         static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+    if (pressed && watched == frame8_->from) emit Text8_Click();
+    if (pressed && watched == frame8_->to) emit Text9_Click();
+    return QFrame::eventFilter(watched, event);
+}
+
+void PrintFrame::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && !close_->isHidden()) {
+        emit closeRequested();
+        return;
+    }
+    QFrame::keyPressEvent(event);
+}
+
+}  // namespace quorvin

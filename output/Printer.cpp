@@ -1,0 +1,187 @@
+#include "output/Printer.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPrinter>
+#include <QTemporaryDir>
+#include <QTextLayout>
+
+#include "base/OutputFile.h"
+#include "base/RuntimeError.h"
+#include "view/Dialogs.h"
+
+namespace quorvin {
+
+namespace {
+
+/// Millimetres on each side of a page: a line of 78 characters in the usual font has room on A4.
+constexpr double kPageMargin = 15;
+
+[[noreturn]] void fail()
+{
+    throw RuntimeError(ErrorNumber::deviceError);
+}
+
+/// Puts lines on pages from the top.
+class PageWriter {
+public:
+    PageWriter(QPrinter& printer, const QFont& font) :
+        printer_(printer),
+        font_(font, &printer),
+        metrics_(font_, &printer)
+    {
+        if (!painter_.begin(&printer)) fail();
+        painter_.setFont(font_);
+        page_ = printer.pageRect(QPrinter::DevicePixel).size();
+    }
+
+    void writeLine(const QString& text)
+    {
+        QTextLayout layout(text, font_, &printer_);
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        const double indent = indentOf(text);
+        layout.beginLayout();
+        for (double left = 0;; left = indent) {
+            QTextLine line = layout.createLine();
+            if (!line.isValid()) break;
+            line.setLineWidth(page_.width() - left);
+            line.setPosition({left, 0});
+        }
+        layout.endLayout();
+        for (int i = 0; i < layout.lineCount(); ++i) {
+            makeRoom();
+            layout.lineAt(i).draw(&painter_, QPointF(0, y_));
+            y_ += metrics_.lineSpacing();
+        }
+    }
+
+    void finish()
+    {
+        const bool ended = painter_.end();
+        const QPrinter::PrinterState state = printer_.printerState();
+        if (!ended || state == QPrinter::Error || state == QPrinter::Aborted) fail();
+    }
+
+private:
+    /// Width of the blanks at the beginning; none where they leave no room for text.
+    double indentOf(const QString& text) const
+    {
+        qsizetype blanks = 0;
+        while (blanks < text.size() && text[blanks] == QLatin1Char(' '))
+            ++blanks;
+        const double width = metrics_.horizontalAdvance(text.left(blanks));
+        return width < page_.width() / 2 ? width : 0;
+    }
+
+    void makeRoom()
+    {
+        if (y_ + metrics_.height() <= page_.height()) return;
+        if (!printer_.newPage()) fail();
+        y_ = 0;
+    }
+
+    QPrinter& printer_;
+    QFont font_;
+    QFontMetricsF metrics_;
+    QPainter painter_;
+    QSizeF page_;
+    double y_ = 0;
+};
+
+void printPages(QPrinter& printer, const QFont& font, const QString& text)
+{
+    PageWriter pages(printer, font);
+    // What ends the last line begins no further one.
+    const QString lines = text.endsWith(QLatin1Char('\n')) ? text.chopped(1) : text;
+    for (const QString& line : lines.split(QLatin1Char('\n')))
+        pages.writeLine(line);
+    pages.finish();
+}
+
+bool isFile(const QPrinter& printer)
+{
+    return printer.outputFormat() == QPrinter::PdfFormat;
+}
+
+}  // namespace
+
+Printer::Printer() : font(usualFont()) {}
+
+Printer::~Printer() = default;
+
+QFont Printer::usualFont()
+{
+    QFont courier(QStringLiteral("Courier new"), 10);
+    courier.setStyleHint(QFont::Monospace);
+    courier.setFixedPitch(true);
+    return courier;
+}
+
+QPrinter& Printer::printer()
+{
+    if (!printer_) {
+        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        const QMarginsF margins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
+        printer_->setPageMargins(margins, QPageLayout::Millimeter);
+    }
+    return *printer_;
+}
+
+void Printer::setUp(Dialogs& dialogs)
+{
+    if (!dialogs.setUpPrinter(printer())) return;
+    // The dialog has asked about a file that is there.
+    printedTo_.clear();
+}
+
+bool Printer::isReachable()
+{
+    return isFile(printer()) ? !printer().outputFileName().isEmpty() : printer().isValid();
+}
+
+QString Printer::fileToReplace()
+{
+    const QString name = isFile(printer()) ? printer().outputFileName() : QString();
+    return name == printedTo_ && QFileInfo::exists(name) ? name : QString();
+}
+
+void Printer::print(const QString& text, const QString& name)
+{
+    if (!isReachable()) fail();
+    printer().setDocName(name);
+    printer().setColorMode(stampcol ? QPrinter::Color : QPrinter::GrayScale);
+    if (isFile(printer())) {
+        printToFile(text, printer().outputFileName());
+    } else {
+        printPages(printer(), font, text);
+    }
+}
+
+/// By way of a temporary file, for what writes PDF does not say when the disk is full.
+void Printer::printToFile(const QString& text, const QString& target)
+{
+    const QTemporaryDir folder;
+    QFile pdf(folder.filePath(QStringLiteral("stampa.pdf")));
+    printer().setOutputFileName(pdf.fileName());
+    try {
+        printPages(printer(), font, text);
+    } catch (const RuntimeError&) {
+        printer().setOutputFileName(target);
+        throw;
+    }
+    printer().setOutputFileName(target);
+    if (!pdf.open(QIODevice::ReadOnly)) fail();
+    const QByteArray bytes = pdf.readAll();
+    if (!bytes.trimmed().endsWith("%%EOF")) fail();
+    OutputFile file;
+    file.open(QFileInfo(target).filesystemAbsoluteFilePath());
+    file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    file.commit();
+    printedTo_ = target;
+}
+
+}  // namespace quorvin

@@ -1,0 +1,51 @@
+/// The printer, as it was set up last, and text put on its pages.
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <memory>
+
+class QPrinter;
+
+namespace quorvin {
+
+class Dialogs;
+
+/// Asks the system for its printers only when they are needed. A "printer" may also be a PDF file chosen in
+/// the printer's dialog; such a file appears whole or not at all.
+class Printer {
+public:
+    Printer();
+    ~Printer();
+
+    /// The font that text is printed in.
+    QFont font;
+    /// Colours, or shades of grey.
+    bool stampcol = false;
+
+    /// Courier new, size 10: a fixed pitch, so that margins and separators line up.
+    static QFont usualFont();
+
+    /// Lets the user choose the printer for the jobs to come.
+    void setUp(Dialogs& dialogs);
+
+    /// Whether there is anything to print to.
+    bool isReachable();
+
+    /// A PDF file that this would replace although the user has printed into it before; empty if none.
+    QString fileToReplace();
+
+    /// Prints a text, lines separated by LF, in pages; a line that is too long goes on below, as far in as it
+    /// began. `name`: what the job is called. Raises RuntimeError 57 without a printer or when printing
+    /// fails, and what OutputFile raises.
+    void print(const QString& text, const QString& name);
+
+private:
+    QPrinter& printer();
+    void printToFile(const QString& text, const QString& target);
+
+    std::unique_ptr<QPrinter> printer_;
+    QString printedTo_;  ///< the file of the last job
+};
+
+}  // namespace quorvin

@@ -1,0 +1,367 @@
+#include "output/OutputPanel.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include "tests/support/WindowTest.h"
+
+namespace quorvin {
+namespace {
+
+namespace fs = std::filesystem;
+using test::bytesOf;
+
+QString text(const char* latin)
+{
+    return QString::fromLatin1(latin);
+}
+
+/// Name (6 characters), town (4), age (2); record 3 is deleted.
+class OutputPanelTest : public test::WindowTest {
+protected:
+    OutputPanelTest()
+    {
+        open(test::rec({{.length = 6, .question = "Nome: "},
+                        {.length = 4, .question = "Citta", .questionY = 2, .fieldY = 2},
+                        {.length = 2, .question = "Eta ", .questionY = 4, .fieldY = 4}})
+                 .record({"Verdi", "Roma", "70"})
+                 .record({"Bruni", "Roma", "66"})
+                 .record({"Rossi", "Bari", "65"}, '?'));
+    }
+
+    /// Chooses these fields for the matrix and leaves the mode.
+    void chooseMatrix(const std::vector<int>& fields)
+    {
+        choose("impmat");
+        for (const int field : fields)
+            click(qPrintable(text("Text2(%1)").arg(field)));
+        choose("impmat");
+    }
+
+    void printInterval(const char* from, const char* to)
+    {
+        type("Text8", text(from));
+        QTest::keyClick(&control("Text8"), Qt::Key_Return);
+        EXPECT_EQ(form_->focusWidget(), &control("Text9"));
+        type("Text9", text(to));
+        QTest::keyClick(&control("Text9"), Qt::Key_Return);
+    }
+
+    QString printed() { return control<QPlainTextEdit>("Text5").toPlainText(); }
+    fs::path matrixFile() const { return folder_.path() / "prova.mtr"; }
+    /// Name as a dialog gives it.
+    QString inFolder(const char* name) const
+    {
+        return QString::fromStdString((folder_.path() / name).string());
+    }
+    QString menuCaption(const char* menu) { return item(menu).text().remove(QLatin1Char('&')); }
+    void expectDisabled(const std::vector<const char*>& items, bool disabled)
+    {
+        for (const char* name : items)
+            EXPECT_NE(item(name).isEnabled(), disabled) << name;
+    }
+
+    const QString separator_ = QString(78, QLatin1Char('<')) + text("\n");
+};
+
+TEST_F(OutputPanelTest, AMatrixIsChosenKeptAndReadBack)
+{
+    const std::vector<const char*> others = {"opz", "stamp1", "stamp2", "stat"};
+    choose("unirek");
+    choose("impmat");
+    EXPECT_EQ(menuCaption("stampa"), text("IMPOSTA MATRICE"));
+    EXPECT_FALSE(item("unirek").isChecked());
+    expectDisabled(others, true);
+    EXPECT_FALSE(control("Check1").isEnabled());
+    click("Text2(3)");
+    click("Text2(1)");
+    EXPECT_FALSE(control("Text2(3)").isEnabled());
+    click("Text2(3)");
+    EXPECT_EQ(background("Text2(3)"), QColor(0, 0x80, 0));
+    click("Command3");
+    EXPECT_FALSE(control("Text2(3)").isEnabled()) << "chosen once while the mode lasts";
+    EXPECT_FALSE(fs::exists(matrixFile()));
+
+    choose("impmat");
+    EXPECT_EQ(menuCaption("stampa"), text(" Stampa"));
+    EXPECT_TRUE(control("Text2(3)").isEnabled());
+    expectDisabled(others, false);
+    EXPECT_TRUE(control("Check1").isEnabled());
+    EXPECT_NE(background("Text2(3)"), QColor(0, 0x80, 0));
+    EXPECT_EQ(bytesOf(matrixFile()), " 3\r\n 1\r\n\r\n 0\r\n\"\"\r\n");
+
+    fs::remove(matrixFile());
+    chooseMatrix({});
+    EXPECT_FALSE(fs::exists(matrixFile())) << "nothing chosen, nothing written";
+    choose("stamp1");
+    EXPECT_TRUE(dialogs_.messages.isEmpty()) << "the old choice is in force";
+}
+
+TEST_F(OutputPanelTest, HeaderAndMarginAreAskedForAndKept)
+{
+    struct Case {
+        const char* item;
+        const char* typed;
+        const char* prompt;
+        const char* kept;
+    };
+    chooseMatrix({2});
+    for (const Case& c : {
+             Case{"intestazione", "ELENCO, con virgola", "Attuale : ", "ELENCO, con virgola\r\n 0"},
+             Case{"intestazione", "", "Attuale : ELENCO, con virgola", "ELENCO, con virgola\r\n 0"},
+             Case{"margstamp", "3.7", "Attuale: 0, inserire il nuovo margine sinistro di stampa",
+                  "ELENCO, con virgola\r\n 3"},
+             Case{"margstamp", "0", "Attuale: 3, inserire il nuovo margine sinistro di stampa",
+                  "ELENCO, con virgola\r\n 3"},
+             Case{"margstamp", "-4", "Attuale: 3, inserire il nuovo margine sinistro di stampa",
+                  "ELENCO, con virgola\r\n 3"},
+         }) {
+        dialogs_.messages.clear();
+        dialogs_.typed = text(c.typed);
+        choose(c.item);
+        EXPECT_EQ(dialogs_.messages, QStringList(text(c.prompt)));
+        EXPECT_EQ(bytesOf(matrixFile()), " 2\r\n" + std::string(c.kept) + "\r\n\"\"\r\n") << c.typed;
+    }
+
+    openFile(file());
+    choose("stamp1");
+    printInterval("1", "1");
+    EXPECT_EQ(printed(), text("   CittaRoma\n   ") + separator_);
+
+    fs::remove(matrixFile());
+    fs::create_directory(matrixFile());
+    dialogs_.messages.clear();
+    dialogs_.typed = text("X");
+    choose("intestazione");
+    EXPECT_EQ(dialogs_.messages.last(), text("!Errore file !! Errore di accesso al percorso/file"));
+}
+
+TEST_F(OutputPanelTest, AnIntervalOfRecords)
+{
+    chooseMatrix({1, 3});
+    choose("ricparz");
+    choose("stamp1");
+    const std::vector<const char*> others = {"impmat", "preferenze", "stat", "esporta"};
+    expectDisabled(others, true);
+    EXPECT_EQ(menuCaption("stampa"), text("STAMPA REKORD"));
+    EXPECT_FALSE(control("Frame3").isEnabled());
+    EXPECT_FALSE(control("Text2(1)").isEnabled());
+    EXPECT_EQ(form_->focusWidget(), &control("Text8"));
+    type("Text9", text("99"));
+    EXPECT_EQ(control<QLineEdit>("Text9").text(), text("3")) << "no further than the file";
+
+    printInterval("2", "3");
+    EXPECT_EQ(printed(),
+              text("Nome: Bruni \nEta 66\n") + separator_ + text("Nome: Rossi \nEta 65\n") + separator_);
+    EXPECT_EQ(form_->focusWidget(), &control("Text5"));
+    printInterval("0", "2");
+    EXPECT_EQ(printed(), QString());
+    choose("norec");
+    printInterval("3", "3");
+    EXPECT_EQ(printed(), QString());
+    printInterval("3", "1");
+    EXPECT_EQ(form_->focusWidget(), &control("Text5"));
+    click("Command3");
+    EXPECT_FALSE(control("Text2(1)").isEnabled());
+
+    printInterval("1", "1");
+    click("Text9");
+    EXPECT_EQ(printed() + control<QLineEdit>("Text9").text(), QString());
+    EXPECT_EQ(control<QLineEdit>("Text8").text(), text("1"));
+    click("Text8");
+    EXPECT_EQ(control<QLineEdit>("Text8").text(), QString());
+
+    choose("stamp1");
+    expectDisabled(others, false);
+    EXPECT_TRUE(control("Text2(1)").isEnabled());
+    EXPECT_TRUE(control("Frame3").isEnabled());
+    EXPECT_FALSE(control("Frame8").isVisible());
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+}
+
+TEST_F(OutputPanelTest, ASearchIsPrintedWithListAndInSteps)
+{
+    choose("stamp1");
+    EXPECT_EQ(dialogs_.messages, QStringList(text(" Attenzione !! Matrice di stampa vuota")));
+    choose("stamp2");
+    EXPECT_FALSE(item("stamp1").isChecked());
+    EXPECT_TRUE(control("Text2(1)").isEnabled());
+    EXPECT_EQ(menuCaption("stampa"), text("STAMPA RICERCA"));
+    choose("stamp2");
+    chooseMatrix({1});
+    dialogs_.typed = text("ELENCO");
+    choose("intestazione");
+    dialogs_.messages.clear();
+
+    choose("elencorekord");
+    choose("stamp2");
+    search({{2, "ro"}});
+    const QString hits = text("Nome: Verdi \n") + separator_ + text("Nome: Bruni \n") + separator_;
+    EXPECT_EQ(printed(), text("ELENCO\n") + hits + text(" 2.RO   2"));
+    choose("ricparz");
+    type("Text3", text("2"));
+    type("Text4", text("3"));
+    enter("Text2(2)");
+    EXPECT_EQ(printed(),
+              text("ELENCO      da rekord: 2  a rekord: 3\nNome: Bruni \n") + separator_ + text(" 2.RO   1"));
+    choose("rictot");
+    choose("elencorekord");
+    dialogs_.yesAnswers = 1;
+    search({{2, "ro"}});
+    EXPECT_EQ(dialogs_.messages.size(), 2);
+    EXPECT_EQ(printed(), text("ELENCO\nNome: Verdi \n") + separator_ + text(" 2.RO   2"))
+        << "the refused hit is counted, but not printed";
+    choose("stamp2");
+    EXPECT_TRUE(control("Text5").isVisible()) << "what was printed stays until it is closed";
+    QTest::keyClick(&control("Text5"), Qt::Key_Escape);
+    EXPECT_FALSE(control("Text5").isVisible());
+}
+
+TEST_F(OutputPanelTest, AMatrixForOtherFieldsIsReported)
+{
+    folder_.write("prova.mtr", " 1\r\n 9\r\n\r\n 0\r\n\"\"\r\n");
+    openFile(file());
+    choose("elencorekord");
+    choose("stamp2");
+    search({{2, "ro"}});
+    EXPECT_EQ(dialogs_.messages, QStringList(text("!Errore!! Indice non incluso nell'intervallo")));
+    EXPECT_TRUE(printed().startsWith(text("\nNome: Verdi \n")));
+    choose("stamp2");
+    choose("stamp1");
+    printInterval("1", "2");
+    EXPECT_EQ(printed(), text("Nome: Verdi \n"));
+    EXPECT_EQ(dialogs_.messages.size(), 1) << "an interval ends without a box";
+}
+
+TEST_F(OutputPanelTest, PrintingToAFileAndWithoutAPrinter)
+{
+    chooseMatrix({1});
+    choose("stamp1");
+    printInterval("1", "2");
+    dialogs_.font = QFont(text("DejaVu Sans Mono"), 7);
+    choose("prefstamp");
+    EXPECT_EQ(control("Text5").font().pointSize(), 7);
+    dialogs_.pdf = inFolder("none/out.pdf");
+    choose("impoststamp");
+    click("Command4");
+    EXPECT_EQ(dialogs_.messages.last(), text("!Errore!! manca stampante !!"));
+
+    dialogs_.pdf = inFolder("out.pdf");
+    choose("impoststamp");
+    dialogs_.messages.clear();
+    click("Command4");
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+    const std::string pdf = bytesOf(folder_.path() / "out.pdf");
+    EXPECT_TRUE(pdf.starts_with("%PDF"));
+    EXPECT_NE(pdf.find("/Count 1"), std::string::npos);
+    click("Command4");
+    ASSERT_EQ(dialogs_.messages.size(), 1);
+    EXPECT_TRUE(dialogs_.messages[0].startsWith(text("Attenzione!!il file ")));
+
+    // About 600 lines.
+    dialogs_.pdf = inFolder("long.pdf");
+    choose("impoststamp");
+    control<QPlainTextEdit>("Text5").setPlainText(text("   riga lunga \n").repeated(600));
+    click("Command4");
+    const std::string pages = bytesOf(folder_.path() / "long.pdf");
+    EXPECT_EQ(pages.find("/Count 1\n"), std::string::npos);
+}
+
+TEST_F(OutputPanelTest, NewFilesOfEachKind)
+{
+    struct Case {
+        const char* mode;
+        const char* written;
+    };
+    chooseMatrix({3, 1, 3});
+    choose("elencorekord");
+    for (const Case& c : {
+             Case{"creamat1", "66Bruni !\r\n65Rossi ?\r\n"},
+             Case{"creamat2", "66!\r\n65?\r\n"},
+             Case{"creamatutto", "Bruni Roma66!\r\nRossi Bari65?\r\n"},
+         }) {
+        choose(c.mode);
+        EXPECT_EQ(menuCaption("esporta"), text("ESPORTA/IMPORTA"));
+        dialogs_.filesToSave = QStringList(inFolder("new.rec"));
+        dialogs_.yesAnswers = 1;
+        search({{3, "6"}});
+        const std::string bytes = bytesOf(folder_.path() / "new.rec");
+        EXPECT_TRUE(bytes.ends_with(c.written)) << c.mode << '\n' << bytes;
+        EXPECT_TRUE(dialogs_.askedNames.last().endsWith(text("/prova.Sel.rec")));
+        click("Command3");
+    }
+    EXPECT_FALSE(item("creamat1").isChecked()) << "one mode at a time";
+    EXPECT_EQ(dialogs_.messages.size(), 2) << "the second and the third time the file was there";
+    choose("creamatutto");
+    EXPECT_EQ(menuCaption("esporta"), text("Esporta/Importa"));
+
+    // Step by step, and printed too.
+    choose("elencorekord");
+    choose("creamat2");
+    choose("stamp2");
+    dialogs_.filesToSave = QStringList(inFolder("steps.rec"));
+    dialogs_.yesAnswers = 1;
+    search({{3, "6"}});
+    EXPECT_TRUE(bytesOf(folder_.path() / "steps.rec").ends_with("\r\n66!\r\n"));
+    EXPECT_TRUE(printed().contains(text("Nome: Bruni ")));
+}
+
+TEST_F(OutputPanelTest, FilesThatAreNotWritten)
+{
+    const std::string source = bytesOf(file());
+    choose("elencorekord");
+    choose("creamat1");
+    search({{2, "ro"}});
+    EXPECT_EQ(dialogs_.messages, QStringList(text("!Errore!! matrice vuota!! ")));
+    EXPECT_EQ(caption("Label3"), text(" 0")) << "no search";
+    EXPECT_TRUE(dialogs_.askedNames.isEmpty());
+
+    choose("creamatutto");
+    dialogs_.messages.clear();
+    dialogs_.filesToSave = QStringList(inFolder("./prova.rec"));
+    enter("Text2(2)");
+    EXPECT_EQ(dialogs_.messages,
+              QStringList(QString::fromUtf8("!Errore!! non è possibile sostituire il file origine!! ")));
+    EXPECT_EQ(dialogs_.askedNames.size(), 2) << "asked again, then cancelled";
+    EXPECT_FALSE(item("creamatutto").isChecked());
+    EXPECT_EQ(caption("Label3"), text(" 2")) << "the search runs without writing";
+    EXPECT_EQ(bytesOf(file()), source);
+
+    choose("creamatutto");
+    folder_.write("there.rec", "old");
+    dialogs_.messages.clear();
+    dialogs_.filesToSave = QStringList(inFolder("there.rec"));
+    enter("Text2(2)");
+    EXPECT_EQ(dialogs_.messages,
+              QStringList(text("Attenzione!!il file ") + inFolder("there.rec") +
+                          QString::fromUtf8(" esiste già ...sovrascrivere il file esistente?")));
+    EXPECT_EQ(bytesOf(folder_.path() / "there.rec"), "old");
+    EXPECT_FALSE(item("creamatutto").isChecked());
+
+    choose("creamatutto");
+    dialogs_.messages.clear();
+    dialogs_.filesToSave = QStringList(inFolder("none/new.rec"));
+    enter("Text2(2)");
+    EXPECT_EQ(dialogs_.messages, QStringList(text("!Errore!! Impossibile trovare il percorso")));
+}
+
+TEST_F(OutputPanelTest, AnotherFileLeavesEveryMode)
+{
+    chooseMatrix({1});
+    for (const char* mode : {"impmat", "stamp1", "stamp2", "creamat1"}) {
+        choose(mode);
+        openFile(file());
+        EXPECT_FALSE(item(mode).isChecked());
+        EXPECT_EQ(menuCaption("stampa"), text(" Stampa")) << mode;
+        EXPECT_TRUE(control("Text2(1)").isEnabled()) << mode;
+        EXPECT_FALSE(control("printFrame").isVisible()) << mode;
+        EXPECT_TRUE(item("impmat").isEnabled()) << mode;
+    }
+}
+
+}  // namespace
+}  // namespace quorvin
