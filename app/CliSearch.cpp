@@ -9,10 +9,9 @@
 #include "app/CliError.h"
 #include "app/CliHitPrinters.h"
 #include "app/CliReport.h"
-#include "view/Messages.h"
 #include "base/Ansi.h"
 #include "base/Text.h"
-#include "search/SearchDriver.h"
+#include "view/Messages.h"
 
 namespace quorvin {
 
@@ -83,10 +82,10 @@ void checkMode(const CliSearchOptions& options)
     if (options.unirek && !worksWithJoinedFields(mode)) fail("--unirek non vale per il modo 8");
 }
 
-/// Prints and forgets lines, or only forgets them.
-void printLines(HitList& hits, bool wanted)
+/// Prints and forgets lines.
+void printLines(HitList& hits)
 {
-    for (std::size_t row = 0; wanted && row < hits.rowCount(); ++row)
+    for (std::size_t row = 0; row < hits.rowCount(); ++row)
         std::cout << printable(hits.line(row)) << '\n';
     hits.clear();
 }
@@ -118,21 +117,15 @@ SearchQuery queryFrom(const CliSearchOptions& options, const RecFile& file)
     return query;
 }
 
-double printHits(RecFile& file, const CliSearchOptions& options, HitFormat format)
+void failForRange(const RecFile& file)
 {
-    SearchQuery query = queryFrom(options, file);
-    SearchDriver driver(file);
-    const bool lines = format == HitFormat::lines && !options.quiet;
-    // Only lines are ever in any but the records' order.
-    query.sort = query.sort && lines;
-    std::unique_ptr<SearchConsumer> printer;
-    if (!options.quiet && format == HitFormat::csv) printer = std::make_unique<CsvPrinter>(file.fields());
-    if (!options.quiet && format == HitFormat::json) printer = std::make_unique<JsonPrinter>(file.fields());
-    if (printer) driver.addConsumer(*printer);
+    fail("intervallo di rekord non valido, il file ne ha " + std::to_string(file.recordCount()));
+}
 
-    if (driver.start(query) != SearchDriver::Started::running) {
-        fail("intervallo di rekord non valido, il file ne ha " + std::to_string(file.recordCount()));
-    }
+void runSearch(SearchDriver& driver, const SearchQuery& query, const RecFile& file,
+               const std::function<void(SearchDriver::State)>& afterStep)
+{
+    if (driver.start(query) != SearchDriver::Started::running) failForRange(file);
     std::exception_ptr failure;
     for (auto state = SearchDriver::State::running; state != SearchDriver::State::idle;) {
         try {
@@ -140,11 +133,29 @@ double printHits(RecFile& file, const CliSearchOptions& options, HitFormat forma
         } catch (const std::exception&) {
             failure = std::current_exception();
         }
-        // What is sorted can only be printed at the end.
-        if (!query.sort || state == SearchDriver::State::idle) printLines(driver.hits(), lines);
-        requireOutput();
+        afterStep(state);
     }
     if (failure) std::rethrow_exception(failure);
+}
+
+double printHits(RecFile& file, const CliSearchOptions& options, HitFormat format)
+{
+    SearchQuery query = queryFrom(options, file);
+    SearchDriver driver(file);
+    const bool lines = format == HitFormat::lines && !options.quiet;
+    // Only lines are ever in any but the records' order.
+    query.sort = query.sort && lines;
+    query.unlisted = !lines;
+    std::unique_ptr<SearchConsumer> printer;
+    if (!options.quiet && format == HitFormat::csv) printer = std::make_unique<CsvPrinter>(file.fields());
+    if (!options.quiet && format == HitFormat::json) printer = std::make_unique<JsonPrinter>(file.fields());
+    if (printer) driver.addConsumer(*printer);
+
+    runSearch(driver, query, file, [&](SearchDriver::State state) {
+        // What is sorted can only be printed at the end.
+        if (!query.sort || state == SearchDriver::State::idle) printLines(driver.hits());
+        requireOutput();
+    });
     return driver.hitCount();
 }
 

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "rec/RecFile.h"
-#include "search/SearchQuery.h"
+#include "search/SearchDriver.h"
 
 namespace quorvin {
 
@@ -33,6 +34,15 @@ enum class HitFormat { lines, csv, json };
 /// The search that the options ask for, listing its hits. Raises CliError for fields that the file does not
 /// have, a join list that is not the tail of the selection, or an option that the mode excludes.
 SearchQuery queryFrom(const CliSearchOptions& options, const RecFile& file);
+
+/// Runs a search to its end. `afterStep`: called after some ten thousand records each, with how the search
+/// stands then. An error during the search is raised after the last step. Raises CliError for an invalid
+/// range.
+void runSearch(SearchDriver& driver, const SearchQuery& query, const RecFile& file,
+               const std::function<void(SearchDriver::State)>& afterStep);
+
+/// Raises the CliError for a range of records that the file does not have.
+[[noreturn]] void failForRange(const RecFile& file);
 
 /// Searches an open file and prints the hits to standard output; returns their number. An error during the
 /// search is raised after what was found so far has been printed. Raises CliError for an invalid range.

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -12,13 +13,14 @@
 #include <vector>
 
 #include "app/CliError.h"
+#include "app/CliOutput.h"
 #include "app/CliReport.h"
 #include "app/CliSearch.h"
-#include "view/Messages.h"
 #include "base/CommandLine.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "rec/RecFile.h"
+#include "view/Messages.h"
 
 namespace {
 
@@ -48,6 +50,7 @@ struct Arguments {
     bool json = false;
     CliSearchOptions search;
     HitFormat format = HitFormat::lines;
+    CliCreateOptions create;
 };
 
 int runInfo(const Arguments& arguments)
@@ -74,12 +77,30 @@ int runShow(const Arguments& arguments)
     return kFound;
 }
 
-int runSearch(const Arguments& arguments)
+/// The commands that search: `work` returns how many hits there were.
+int searchIn(const Arguments& arguments, const std::function<double(RecFile&)>& work)
 {
     RecFile file;
     openRec(file, arguments.file);
     file.impostMaiusc = arguments.search.maiuscolo;
-    return printHits(file, arguments.search, arguments.format) > 0 ? kFound : kNothingFound;
+    return work(file) > 0 ? kFound : kNothingFound;
+}
+
+int runSearch(const Arguments& arguments)
+{
+    return searchIn(arguments,
+                    [&](RecFile& file) { return printHits(file, arguments.search, arguments.format); });
+}
+
+int runCreate(const Arguments& arguments)
+{
+    return searchIn(arguments,
+                    [&](RecFile& file) { return createRec(file, arguments.search, arguments.create); });
+}
+
+int runPrint(const Arguments& arguments)
+{
+    return searchIn(arguments, [&](RecFile& file) { return printPrintFile(file, arguments.search); });
 }
 
 void useItalianLabels(CLI::App& app)
@@ -146,10 +167,10 @@ void addJsonFlag(CLI::App& command, Arguments& arguments)
     command.add_flag("--json", arguments.json, "scrive in formato JSON");
 }
 
-void addSearchOptions(CLI::App& command, CliSearchOptions& search)
+void addSearchOptions(CLI::App& command, CliSearchOptions& search, bool needsCriteria = true)
 {
     command.add_option("-c", search.criteria, "campo (nome o #numero) e testo da cercare; ripetibile")
-        ->required()
+        ->required(needsCriteria)
         ->allow_extra_args(false)
         ->option_text("CAMPO=TESTO");
     command.add_option("--modo", search.mode, "modo di ricerca, da 1 a 8 (4)")
@@ -182,6 +203,26 @@ void addFormat(CLI::App& command, HitFormat& format)
         ->option_text("FORMATO");
 }
 
+void addCreateOptions(CLI::App& command, CliCreateOptions& create)
+{
+    command.add_option("-o", create.target, "nuovo file .rec")->required()->option_text("NUOVO.rec");
+    const auto addFlag = [&](const char* name, const char* description, const std::function<void()>& set) {
+        return command.add_flag_callback(name, set, description)->option_text(" ");
+    };
+    const auto choose = [&create](RecFields fields) {
+        return [&create, fields] { create.fields.insert(fields); };
+    };
+    addFlag("--matrice", "scrive i campi della matrice di stampa", choose(RecFields::matrix));
+    addFlag("--ricerca", "scrive i campi cercati", choose(RecFields::selection));
+    addFlag("--tutto", "scrive tutti i campi", choose(RecFields::all));
+    command.add_flag("--sovrascrivi", create.sovrascrivi, "sostituisce un file che esiste già");
+    CLI::Option* compat = addFlag("--compat", "taglia i campi a 80 caratteri, per EpiData",
+                                  [&create] { create.compat = true; });
+    addFlag("--no-compat", "taglia i campi solo a 250 caratteri", [&create] {
+        create.compat = false;
+    })->excludes(compat);
+}
+
 int run(int argc, char** argv)
 {
     CLI::App app("Quorvin dalla riga di comando: legge i file .rec di EpiData.", "quorvin-cli");
@@ -201,6 +242,12 @@ int run(int argc, char** argv)
     CLI::App* search = addCommand(app, "cerca", "cerca i rekord ed elenca quelli trovati", arguments);
     addSearchOptions(*search, arguments.search);
     addFormat(*search, arguments.format);
+    CLI::App* create = addCommand(app, "crea", "scrive i rekord trovati in un nuovo file .rec", arguments);
+    addSearchOptions(*create, arguments.search);
+    addCreateOptions(*create, arguments.create);
+    CLI::App* print =
+        addCommand(app, "stampa", "stampa i rekord trovati, o un intervallo, con la matrice", arguments);
+    addSearchOptions(*print, arguments.search, false);
 
     std::vector<std::string> words = utf8Arguments(argc, argv);
     std::reverse(words.begin(), words.end());
@@ -212,6 +259,8 @@ int run(int argc, char** argv)
         return kError;
     }
     if (search->parsed()) return runSearch(arguments);
+    if (create->parsed()) return runCreate(arguments);
+    if (print->parsed()) return runPrint(arguments);
     return info->parsed() ? runInfo(arguments) : runShow(arguments);
 }
 

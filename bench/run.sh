@@ -44,11 +44,24 @@ quorvin-cli cerca, mode 6	$cerca --modo 6 -c 'NOTE=portatore pacemaker'
 quorvin-cli cerca, mode 8	$cerca --modo 8 -c 'ETA=>80 <85'
 quorvin-cli cerca, two fields	$cerca -c COGNOME=Rossi -c COMUNE=Milano
 quorvin-cli cerca, every record a hit	$cerca -c 'COGNOME= '
+quorvin-cli cerca, the same, not printed	$cerca -c 'COGNOME= ' --quiet
 wc -l	wc -l $file
 grep -c	LC_ALL=C grep -c -a $few_ansi $file | cat
 grep -c -i	LC_ALL=C grep -c -a -i $few_ansi $file | cat
 awk substr	LC_ALL=C awk 'index(substr(\$0, 1, 18), "$few_ansi") { n++ } END { print n + 0 }' $file
 ${rg:+rg -c	rg -c -a --no-config '(?-u)Fr\\xe9zet' $file
 rg -c -i	rg -c -i -a --no-config '(?-u)Fr\\xe9zet' $file}
+COMMANDS
+    echo
+    new=$data/new.rec
+    "$bin/compare" <<COMMANDS
+cp	cp $file $new
+quorvin-cli crea, every record, all fields	$bin/quorvin-cli crea $file -c 'COGNOME= ' -o $new --tutto --sovrascrivi
+COMMANDS
+    rm -f "$new"
+    "$bin/compare" <<COMMANDS
+cp, and away with it	cp $file $new; rm $new
+quorvin-cli crea, all fields, and away with it	$bin/quorvin-cli crea $file -c 'COGNOME= ' -o $new --tutto; rm $new
+quorvin-cli crea, one field	$bin/quorvin-cli crea $file -c 'COGNOME= ' -o $new --ricerca; rm $new
 COMMANDS
 done
