@@ -16,7 +16,7 @@ enum class SearchEnd {
     completed,  ///< all records of the range were tested
     stopped,    ///< the user stopped it; what was found counts
     refused,    ///< the user answered No at a hit
-    failed,     ///< an error ended it
+    failed,     ///< an error ended it, or the end of the window
 };
 
 /// Called by the search driver in the order of the methods here; what a consumer throws ends the search as an

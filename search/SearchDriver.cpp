@@ -229,6 +229,13 @@ void SearchDriver::stop()
     endScan(SearchEnd::stopped);
 }
 
+void SearchDriver::abandon()
+{
+    const bool testing = state_ != State::idle && !scanned_;
+    stop();
+    if (testing) end_ = SearchEnd::failed;
+}
+
 /// Leaves the rest, the order of the list and the end, to `advance`.
 void SearchDriver::endScan(SearchEnd end)
 {

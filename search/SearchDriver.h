@@ -56,6 +56,10 @@ public:
     /// order: `advance` until idle. Once more, it leaves the list as it is.
     void stop();
 
+    /// Ends a running search because nobody wants its results any more: for the consumers it has failed,
+    /// unless all records were tested already. `advance` until idle.
+    void abandon();
+
     /// Forgets the results.
     void clear();
 

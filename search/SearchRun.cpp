@@ -46,7 +46,7 @@ void SearchRun::abandon()
     timer_.stop();
     gate_.open();
     running_ = false;
-    driver_.stop();
+    driver_.abandon();
     driver_.hits().clear();
     try {
         while (driver_.advance(kStep) != SearchDriver::State::idle) {

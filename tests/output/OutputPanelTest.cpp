@@ -349,6 +349,22 @@ TEST_F(OutputPanelTest, FilesThatAreNotWritten)
     EXPECT_EQ(dialogs_.messages, QStringList(text("!Errore!! Impossibile trovare il percorso")));
 }
 
+TEST_F(OutputPanelTest, ClosingTheWindowGivesANewFileUp)
+{
+    auto rec = test::rec({{}});
+    open(rec.records(60000));
+    choose("elencorekord");
+    choose("creamatutto");
+    dialogs_.filesToSave = QStringList(inFolder("new.rec"));
+    click("Text2(1)");
+    type("Text2(1)", text("r"));
+    QTest::keyClick(&control("Text2(1)"), Qt::Key_Return);
+    ASSERT_EQ(caption("Label16"), text("  ...ricerca in corso"));
+    form_->close();
+    const auto files = fs::directory_iterator(folder_.path());
+    EXPECT_EQ(std::distance(fs::begin(files), fs::end(files)), 1) << "only the open one";
+}
+
 TEST_F(OutputPanelTest, AnotherFileLeavesEveryMode)
 {
     chooseMatrix({1});
