@@ -1,8 +1,11 @@
 #include "app/CliOutput.h"
 
+#include <algorithm>
+#include <csignal>
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <limits>
 
 #include "app/CliError.h"
 #include "app/CliReport.h"
@@ -19,12 +22,11 @@ namespace quorvin {
 
 namespace {
 
-constexpr RecordNumber kStep = 100000;
-
-[[noreturn]] void fail(const std::string& words)
-{
-    throw CliError{messages::kError + words};
-}
+#ifdef SIGHUP
+constexpr int kEndings[] = {SIGINT, SIGTERM, SIGHUP};
+#else
+constexpr int kEndings[] = {SIGINT, SIGTERM};
+#endif
 
 /// The matrix beside the file; one that cannot be read is said and does no harm.
 PrintMatrix matrixOf(const RecFile& file)
@@ -38,15 +40,24 @@ PrintMatrix matrixOf(const RecFile& file)
     return matrix;
 }
 
-/// Searches without any list; returns the number of hits.
+/// Set when the user, or the system, wants the program to end.
+volatile std::sig_atomic_t interrupted = 0;
+
+/// Searches without any list; returns the number of hits. An interruption ends it like an error, so that
+/// nothing half written is left.
 double searchInto(SearchConsumer& consumer, RecFile& file, const CliSearchOptions& options)
 {
+    for (const int signal : kEndings)
+        std::signal(signal, [](int) { interrupted = 1; });
     SearchDriver driver(file);
     driver.addConsumer(consumer);
     SearchQuery query = queryFrom(options, file);
     query.unlisted = true;
     query.sort = false;
-    runSearch(driver, query, file, [](SearchDriver::State) {});
+    runSearch(driver, query, file, [&driver](SearchDriver::State) {
+        if (interrupted) driver.abandon();
+    });
+    if (interrupted) fail("interrotto");
     return driver.hitCount();
 }
 
@@ -56,14 +67,14 @@ std::vector<int> fieldsFor(RecFields choice, const RecFile& file, const CliSearc
     case RecFields::matrix: {
         const PrintMatrix matrix = matrixOf(file);
         if (matrix.entries.empty()) throw CliError{messages::kNoFields};
-        return fieldsOf(matrix.entries);
+        return matrix.entries.numbers();
     }
     case RecFields::selection:
-        return fieldsOf(queryFrom(search, file).selection);
+        return queryFrom(search, file).selection.numbers();
     case RecFields::all:
         break;
     }
-    return allFields(file.fields());
+    return file.fields().allFields();
 }
 
 void requireTarget(const std::filesystem::path& target, const RecFile& file, const CliCreateOptions& options)
@@ -87,14 +98,12 @@ void printText(std::string_view text)
 void printInterval(PrintFile& printFile, RecFile& file, const CliSearchOptions& options)
 {
     IntervalPrint interval(file, printFile);
-    const RecordNumber last = options.to.value_or(file.recordCount());
-    const bool beyond = last > file.recordCount() && options.from.value_or(1) > 0;
-    if (beyond) return;
-    if (!interval.start(static_cast<double>(options.from.value_or(1)), static_cast<double>(last),
-                        options.norec))
-        failForRange(file);
-    while (interval.advance(kStep)) {
-    }
+    const RecordNumber first = options.from.value_or(1);
+    const RecordNumber last = options.to.value_or(std::max<RecordNumber>(file.recordCount(), 1));
+    if (first < 1 || last < 1) failForRange(file);
+    // An interval that goes beyond the file is not printed at all.
+    if (!interval.start(static_cast<double>(first), static_cast<double>(last), options.norec)) return;
+    interval.advance(std::numeric_limits<RecordNumber>::max());
 }
 
 }  // namespace
@@ -121,18 +130,22 @@ double createRec(RecFile& file, const CliSearchOptions& search, const CliCreateO
 
 double printPrintFile(RecFile& file, const CliSearchOptions& search)
 {
+    const bool searches = !search.criteria.empty();
+    if (!searches && (search.mode != static_cast<int>(kUsualMode) || search.eliminapuntegg || search.unirek ||
+                      search.sort || search.maxel || search.check2))
+        fail("senza -c non si cerca: valgono solo --da, --a, --norec, --maiuscolo e --quiet");
     const PrintMatrix matrix = matrixOf(file);
     if (matrix.entries.empty()) std::cerr << messages::kEmptyMatrix << '\n';
     PrintFile printFile(file, matrix);
     double printed = 0;
     std::exception_ptr failure;
     try {
-        if (search.criteria.empty()) {
-            printInterval(printFile, file, search);
-            printed = printFile.text().empty() ? 0 : 1;
-        } else {
+        if (searches) {
             printFile.stamp2 = true;
             printed = searchInto(printFile, file, search);
+        } else {
+            printInterval(printFile, file, search);
+            printed = printFile.text().empty() ? 0 : 1;
         }
     } catch (const std::exception&) {
         failure = std::current_exception();

@@ -20,11 +20,6 @@ namespace {
 /// Records between two looks at what there is to print.
 constexpr RecordNumber kStep = 100000;
 
-[[noreturn]] void fail(const std::string& words)
-{
-    throw CliError{messages::kError + words};
-}
-
 /// Number of a field given by name, blanks and case aside, or as "#7".
 int fieldNumber(const FieldTable& fields, const std::string& given)
 {

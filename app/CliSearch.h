@@ -35,7 +35,7 @@ enum class HitFormat { lines, csv, json };
 /// have, a join list that is not the tail of the selection, or an option that the mode excludes.
 SearchQuery queryFrom(const CliSearchOptions& options, const RecFile& file);
 
-/// Runs a search to its end. `afterStep`: called after some ten thousand records each, with how the search
+/// Runs a search to its end. `afterStep`: called after some 100,000 records each, with how the search
 /// stands then. An error during the search is raised after the last step. Raises CliError for an invalid
 /// range.
 void runSearch(SearchDriver& driver, const SearchQuery& query, const RecFile& file,

@@ -269,6 +269,7 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     std::ios::sync_with_stdio(false);
+    surviveSizeLimits();
     try {
         const int status = run(argc, argv);
         requireOutput();

@@ -12,6 +12,7 @@
 #include "app/Formstart.h"
 #include "app/QtDialogs.h"
 #include "app/TerminalDialogs.h"
+#include "base/CommandLine.h"
 
 namespace {
 
@@ -60,6 +61,7 @@ void pictureAndQuit(quorvin::Formstart& form, const quorvin::TerminalDialogs& di
 
 int main(int argc, char** argv)
 {
+    quorvin::surviveSizeLimits();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quorvin"));
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));

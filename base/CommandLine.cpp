@@ -1,5 +1,7 @@
 #include "base/CommandLine.h"
 
+#include <csignal>
+
 #ifdef _WIN32
 #include <windows.h>
 // shellapi.h needs windows.h before it.
@@ -30,6 +32,13 @@ std::vector<std::string> utf8Arguments(int argc, char** argv)
 }
 
 #endif
+
+void surviveSizeLimits()
+{
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
 
 std::filesystem::path pathFromUtf8(const std::string& utf8)
 {

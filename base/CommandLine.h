@@ -1,4 +1,4 @@
-/// The words of the command line, the same on every system.
+/// What a program needs from the system at its start: the words of the command line, the same everywhere.
 #pragma once
 
 #include <filesystem>
@@ -11,6 +11,10 @@ namespace quorvin {
 /// Windows hands `argv` over in a code page that cannot hold every file name; there they are taken from the
 /// system.
 std::vector<std::string> utf8Arguments(int argc, char** argv);
+
+/// Has writing beyond the size that the system allows a file fail, as on a full disk, instead of ending the
+/// program.
+void surviveSizeLimits();
 
 /// A file name given in UTF-8.
 std::filesystem::path pathFromUtf8(const std::string& utf8);

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <utility>
 
-#include "base/RuntimeError.h"
+#include "base/SystemError.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -26,23 +26,6 @@ HANDLE asHandle(RawHandle handle)
     return reinterpret_cast<HANDLE>(handle);
 }
 
-RuntimeError systemError(DWORD code)
-{
-    switch (code) {
-    case ERROR_FILE_NOT_FOUND:
-        return RuntimeError(ErrorNumber::fileNotFound);
-    case ERROR_PATH_NOT_FOUND:
-        return RuntimeError(ErrorNumber::pathNotFound);
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-        return RuntimeError(ErrorNumber::permissionDenied);
-    case ERROR_INVALID_NAME:
-        return RuntimeError(ErrorNumber::badFileName);
-    default:
-        return RuntimeError(ErrorNumber::deviceError);
-    }
-}
-
 RawHandle openShared(const std::filesystem::path& name)
 {
     const DWORD attributes = GetFileAttributesW(name.c_str());
@@ -52,7 +35,7 @@ RawHandle openShared(const std::filesystem::path& name)
     const HANDLE handle =
         CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                     nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) throw systemError(GetLastError());
+    if (handle == INVALID_HANDLE_VALUE) throw lastSystemError();
     if (GetFileType(handle) != FILE_TYPE_DISK) {
         CloseHandle(handle);
         throw RuntimeError(ErrorNumber::accessError);
@@ -77,7 +60,7 @@ RawHandle duplicateOf(RawHandle handle)
 std::int64_t lengthOf(RawHandle handle)
 {
     LARGE_INTEGER length;
-    if (!GetFileSizeEx(asHandle(handle), &length)) throw systemError(GetLastError());
+    if (!GetFileSizeEx(asHandle(handle), &length)) throw lastSystemError();
     return length.QuadPart;
 }
 
@@ -103,7 +86,7 @@ RawHandle openShared(const std::filesystem::path& name)
 {
     // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
     const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) throw fileError(errno);
+    if (descriptor < 0) throw lastSystemError();
     struct stat status {};
     if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
         ::close(descriptor);
@@ -127,7 +110,7 @@ RawHandle duplicateOf(RawHandle handle)
 std::int64_t lengthOf(RawHandle handle)
 {
     struct stat status {};
-    if (::fstat(static_cast<int>(handle), &status) != 0) throw fileError(errno);
+    if (::fstat(static_cast<int>(handle), &status) != 0) throw lastSystemError();
     return status.st_size;
 }
 

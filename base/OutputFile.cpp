@@ -1,12 +1,12 @@
 #include "base/OutputFile.h"
 
-#include <cerrno>
+#include <algorithm>
 #include <random>
 #include <string>
 #include <system_error>
 #include <utility>
 
-#include "base/RuntimeError.h"
+#include "base/SystemError.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -14,6 +14,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
 #endif
 
 namespace quorvin {
@@ -31,6 +33,12 @@ constexpr std::size_t kSyncBytes = std::size_t{32} << 20;
 /// Links that lead to links, before they are taken for a circle.
 constexpr int kMostLinks = 40;
 
+/// The file that is to be written.
+struct Target {
+    fs::path name;                         ///< where it stands, links followed
+    std::optional<FileIdentity> identity;  ///< of the file that is there
+};
+
 #ifdef _WIN32
 
 HANDLE asHandle(RawHandle handle)
@@ -38,34 +46,53 @@ HANDLE asHandle(RawHandle handle)
     return reinterpret_cast<HANDLE>(handle);
 }
 
-RuntimeError lastError()
-{
-    switch (GetLastError()) {
-    case ERROR_PATH_NOT_FOUND:
-        return RuntimeError(ErrorNumber::pathNotFound);
-    case ERROR_ACCESS_DENIED:
-    case ERROR_WRITE_PROTECT:
-        return RuntimeError(ErrorNumber::accessError);
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-        return RuntimeError(ErrorNumber::permissionDenied);
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-        return RuntimeError(ErrorNumber::diskFull);
-    case ERROR_INVALID_NAME:
-        return RuntimeError(ErrorNumber::badFileName);
-    default:
-        return RuntimeError(ErrorNumber::deviceError);
-    }
-}
-
-void requireWritable(const fs::path& target)
+/// Opens the file that a name leads to for another look at it; not there: an invalid handle.
+HANDLE openThere(const fs::path& name, DWORD access)
 {
     const HANDLE handle =
-        CreateFileW(target.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) throw lastError();
+        CreateFileW(name.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle == INVALID_HANDLE_VALUE && GetLastError() != ERROR_FILE_NOT_FOUND) throw lastWriteError();
+    return handle;
+}
+
+std::optional<FileIdentity> identityOf(HANDLE handle)
+{
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (GetFileType(handle) != FILE_TYPE_DISK || !GetFileInformationByHandle(handle, &info) ||
+        (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return {};
+    return FileIdentity{info.dwVolumeSerialNumber,
+                        (std::uint64_t{info.nFileIndexHigh} << 32) | info.nFileIndexLow};
+}
+
+fs::path finalName(HANDLE handle, const fs::path& name)
+{
+    std::wstring path(32768, L'\0');
+    const DWORD length =
+        GetFinalPathNameByHandleW(handle, path.data(), static_cast<DWORD>(path.size()), FILE_NAME_NORMALIZED);
+    if (length == 0 || length >= path.size()) return name;
+    path.resize(length);
+    return path;
+}
+
+Target targetOf(const fs::path& name)
+{
+    const HANDLE handle = openThere(name, GENERIC_WRITE);
+    if (handle == INVALID_HANDLE_VALUE) return {name, {}};
+    const Target target{finalName(handle, name), identityOf(handle)};
     CloseHandle(handle);
+    if (!target.identity) throw RuntimeError(ErrorNumber::accessError);
+    return target;
+}
+
+std::optional<FileIdentity> identityAt(const fs::path& name)
+{
+    const HANDLE handle = openThere(name, 0);
+    if (handle == INVALID_HANDLE_VALUE) return {};
+    const auto identity = identityOf(handle);
+    CloseHandle(handle);
+    return identity ? identity : FileIdentity{};
 }
 
 /// A new file, or none when there is one of that name.
@@ -75,64 +102,80 @@ RawHandle createNew(const fs::path& name)
         CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle != INVALID_HANDLE_VALUE) return reinterpret_cast<RawHandle>(handle);
     if (GetLastError() == ERROR_FILE_EXISTS) return kNoHandle;
-    throw lastError();
+    throw lastWriteError();
 }
 
 std::size_t writeSome(RawHandle handle, const char* bytes, std::size_t count)
 {
     DWORD written = 0;
-    if (!WriteFile(asHandle(handle), bytes, static_cast<DWORD>(count), &written, nullptr)) throw lastError();
+    const auto wanted = static_cast<DWORD>(std::min<std::size_t>(count, std::size_t{1} << 30));
+    if (!WriteFile(asHandle(handle), bytes, wanted, &written, nullptr)) throw lastWriteError();
     return written;
 }
 
 void syncRaw(RawHandle handle)
 {
-    if (!FlushFileBuffers(asHandle(handle))) throw lastError();
+    if (!FlushFileBuffers(asHandle(handle))) throw lastWriteError();
 }
 
 void closeRaw(RawHandle handle)
 {
-    if (!CloseHandle(asHandle(handle))) throw lastError();
+    if (!CloseHandle(asHandle(handle))) throw lastWriteError();
 }
 
 void putInPlace(const fs::path& temporary, const fs::path& target, bool replaces)
 {
-    // Replacing keeps the rights of the file that is replaced.
-    const bool done =
-        (replaces && ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, 0, nullptr, nullptr)) ||
-        MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING);
-    if (!done) throw lastError();
+    if (!MoveFileExW(temporary.c_str(), target.c_str(), replaces ? MOVEFILE_REPLACE_EXISTING : 0))
+        throw lastWriteError();
 }
 
+/// A new file has the rights that its folder gives.
 void likeTarget(RawHandle, const fs::path&) {}
 
 #else
 
-RuntimeError lastError()
+/// What a name leads to, itself if it is a link and `follow` is not set; nothing is an answer too.
+fs::file_status statusOf(const fs::path& name, bool follow)
 {
-    switch (errno) {
-    case ENOENT:
-        return RuntimeError(ErrorNumber::pathNotFound);
-    case EACCES:
-    case EPERM:
-        return RuntimeError(ErrorNumber::accessError);
-    default:
-        return fileError(errno);
-    }
+    std::error_code failed;
+    const fs::file_status status = follow ? fs::status(name, failed) : fs::symlink_status(name, failed);
+    if (fs::status_known(status)) return status;
+    errno = failed.default_error_condition().value();
+    throw lastWriteError();
 }
 
-void requireWritable(const fs::path& target)
+/// Nothing where there is no file; the identity of none for what is no regular file.
+std::optional<FileIdentity> identityAt(const fs::path& name)
 {
-    const int descriptor = ::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) throw lastError();
+    struct stat status {};
+    if (::stat(name.c_str(), &status) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR) return {};
+        throw lastWriteError();
+    }
+    if (!S_ISREG(status.st_mode)) return FileIdentity{};
+    return FileIdentity{static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+}
+
+Target targetOf(fs::path name)
+{
+    for (int links = 0; fs::is_symlink(statusOf(name, false)); ++links) {
+        if (links >= kMostLinks) throw RuntimeError(ErrorNumber::accessError);
+        name = name.parent_path() / fs::read_symlink(name);
+    }
+    const fs::file_status status = statusOf(name, true);
+    if (!fs::exists(status)) return {name, {}};
+    if (!fs::is_regular_file(status)) throw RuntimeError(ErrorNumber::accessError);
+    const int descriptor = ::open(name.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) throw lastWriteError();
     ::close(descriptor);
+    return {name, identityAt(name)};
 }
 
 /// A new file, or none when there is one of that name.
 RawHandle createNew(const fs::path& name)
 {
     const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (descriptor < 0 && errno != EEXIST) throw lastError();
+    if (descriptor < 0 && errno != EEXIST) throw lastWriteError();
     return descriptor;
 }
 
@@ -141,57 +184,50 @@ std::size_t writeSome(RawHandle handle, const char* bytes, std::size_t count)
     for (;;) {
         const ssize_t written = ::write(static_cast<int>(handle), bytes, count);
         if (written >= 0) return static_cast<std::size_t>(written);
-        if (errno != EINTR) throw lastError();
+        if (errno != EINTR) throw lastWriteError();
     }
 }
 
 void syncRaw(RawHandle handle)
 {
     // Some file systems have no such call; then there is nothing to wait for.
-    if (::fsync(static_cast<int>(handle)) != 0 && errno != EINVAL) throw lastError();
+    if (::fsync(static_cast<int>(handle)) != 0 && errno != EINVAL) throw lastWriteError();
 }
 
 void closeRaw(RawHandle handle)
 {
-    if (::close(static_cast<int>(handle)) != 0 && errno != EINTR) throw lastError();
+    if (::close(static_cast<int>(handle)) != 0 && errno != EINTR) throw lastWriteError();
 }
 
-void putInPlace(const fs::path& temporary, const fs::path& target, bool)
+void putInPlace(const fs::path& temporary, const fs::path& target, bool replaces)
 {
-    if (::rename(temporary.c_str(), target.c_str()) != 0) throw lastError();
+    if (!replaces) {
+        // Unlike renaming, linking never replaces. Not every file system can; there a look must do.
+        if (::link(temporary.c_str(), target.c_str()) == 0) {
+            ::unlink(temporary.c_str());
+            return;
+        }
+        if (errno == EEXIST || identityAt(target)) throw RuntimeError(ErrorNumber::accessError);
+    }
+    if (::rename(temporary.c_str(), target.c_str()) != 0) throw lastWriteError();
 }
 
-/// Gives the new file the rights and, where that is allowed, the owner of the one that it will replace.
+/// Gives the new file the owner, group and rights of the one that it will replace, as far as the system lets
+/// it; the group's rights only together with the group.
 void likeTarget(RawHandle handle, const fs::path& target)
 {
     struct stat status {};
-    if (::stat(target.c_str(), &status) != 0) throw lastError();
+    if (::stat(target.c_str(), &status) != 0) throw lastWriteError();
     const auto descriptor = static_cast<int>(handle);
-    [[maybe_unused]] const int owned = ::fchown(descriptor, status.st_uid, status.st_gid);
-    ::fchmod(descriptor, status.st_mode & 07777);
+    constexpr auto kOwnerStays = static_cast<uid_t>(-1);
+    mode_t rights = status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+    if (::fchown(descriptor, status.st_uid, status.st_gid) != 0 &&
+        ::fchown(descriptor, kOwnerStays, status.st_gid) != 0)
+        rights &= static_cast<mode_t>(~S_IRWXG);
+    ::fchmod(descriptor, rights);
 }
 
 #endif
-
-/// What a name leads to, itself if it is a link and `follow` is not set; nothing is an answer too.
-fs::file_status statusOf(const fs::path& name, bool follow)
-{
-    std::error_code failed;
-    const fs::file_status status = follow ? fs::status(name, failed) : fs::symlink_status(name, failed);
-    if (fs::status_known(status)) return status;
-    const RuntimeError error = fileError(failed.default_error_condition().value());
-    throw error.number() == ErrorNumber::permissionDenied ? RuntimeError(ErrorNumber::accessError) : error;
-}
-
-/// The file that a name stands for in the end.
-fs::path resolved(fs::path name)
-{
-    for (int links = 0; fs::is_symlink(statusOf(name, false)); ++links) {
-        if (links >= kMostLinks) throw RuntimeError(ErrorNumber::accessError);
-        name = name.parent_path() / fs::read_symlink(name);
-    }
-    return name;
-}
 
 /// A short name that hardly anybody else uses; short, for one made from the target's could be too long.
 fs::path temporaryName(const fs::path& folder)
@@ -211,35 +247,33 @@ void OutputFile::open(const fs::path& target)
 {
     discard();
     if (!target.has_filename()) throw RuntimeError(ErrorNumber::badFileName);
-    target_ = resolved(target);
-    const fs::file_status status = statusOf(target_, true);
-    replaces_ = fs::exists(status);
-    if (replaces_ && !fs::is_regular_file(status)) throw RuntimeError(ErrorNumber::accessError);
-    if (replaces_) requireWritable(target_);
+    const Target found = targetOf(target);
+    target_ = found.name;
+    replaced_ = found.identity;
+    if (!buffer_) buffer_ = std::make_unique<char[]>(kBufferBytes);
     constexpr int kAttempts = 10;
     for (int i = 0; i < kAttempts && handle_ == kNone; ++i) {
         temporary_ = temporaryName(target_.parent_path());
         handle_ = createNew(temporary_);
     }
     if (handle_ == kNone) throw RuntimeError(ErrorNumber::accessError);
-    buffer_.reserve(kBufferBytes);
     sinceSync_ = 0;
     try {
-        if (replaces_) likeTarget(handle_, target_);
+        if (replaced_) likeTarget(handle_, target_);
     } catch (const RuntimeError&) {
         discard();
         throw;
     }
 }
 
-void OutputFile::write(std::string_view bytes)
+void OutputFile::writeOn(std::string_view bytes)
 {
     if (!isOpen()) throw RuntimeError(ErrorNumber::badFileName);
     while (!bytes.empty()) {
-        const std::string_view part = bytes.substr(0, kBufferBytes - buffer_.size());
-        buffer_.insert(buffer_.end(), part.begin(), part.end());
+        if (filled_ == kBufferBytes) flush();
+        const std::string_view part = bytes.substr(0, kBufferBytes - filled_);
+        write(part);
         bytes.remove_prefix(part.size());
-        if (buffer_.size() == kBufferBytes) flush();
     }
 }
 
@@ -247,11 +281,10 @@ void OutputFile::flush()
 {
     if (!isOpen()) throw RuntimeError(ErrorNumber::badFileName);
     try {
-        for (std::size_t done = 0; done < buffer_.size();)
-            done += writeSome(handle_, buffer_.data() + done, buffer_.size() - done);
-        sinceSync_ += buffer_.size();
-        buffer_.clear();
-        if (!replaces_ || sinceSync_ < kSyncBytes) return;
+        for (std::size_t done = 0; done < filled_;)
+            done += writeSome(handle_, buffer_.get() + done, filled_ - done);
+        sinceSync_ += std::exchange(filled_, 0);
+        if (!replaced_ || sinceSync_ < kSyncBytes) return;
         syncRaw(handle_);
         sinceSync_ = 0;
     } catch (const RuntimeError&) {
@@ -266,9 +299,11 @@ void OutputFile::commit()
     flush();
     try {
         // The old file must not give way to one that is still on its way to the disk.
-        if (replaces_) syncRaw(handle_);
+        if (replaced_) syncRaw(handle_);
         closeRaw(std::exchange(handle_, kNone));
-        putInPlace(temporary_, target_, replaces_);
+        const auto there = identityAt(target_);
+        if (there && there != replaced_) throw RuntimeError(ErrorNumber::accessError);
+        putInPlace(temporary_, target_, there.has_value());
     } catch (const RuntimeError&) {
         discard();
         throw;
@@ -278,7 +313,7 @@ void OutputFile::commit()
 
 void OutputFile::discard() noexcept
 {
-    buffer_.clear();
+    filled_ = 0;
     try {
         if (handle_ != kNone) closeRaw(std::exchange(handle_, kNone));
     } catch (const RuntimeError&) {

@@ -3,14 +3,25 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <string_view>
-#include <vector>
 
 namespace quorvin {
 
+/// What tells a file from all others while it exists.
+struct FileIdentity {
+    std::uint64_t volume = 0;
+    std::uint64_t index = 0;
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
 /// What is written goes into a temporary file in the target's own folder, which takes the target's place when
-/// it is complete. Until then, and after any failure, the target is what it was before.
+/// it is complete. Until then, and after any failure, the target is what it was before. Only the file that
+/// was the target at the beginning is ever replaced, never one that has come to stand there meanwhile.
 class OutputFile {
 public:
     OutputFile() = default;
@@ -27,10 +38,18 @@ public:
 
     /// Appends bytes. Raises RuntimeError 61 when the disk is full, 57 when writing fails otherwise; the file
     /// is then given up. 52 when no file is open.
-    void write(std::string_view bytes);
+    void write(std::string_view bytes)
+    {
+        if (!isOpen() || bytes.size() > kBufferBytes - filled_) {
+            writeOn(bytes);
+            return;
+        }
+        std::memcpy(buffer_.get() + filled_, bytes.data(), bytes.size());
+        filled_ += bytes.size();
+    }
 
-    /// Completes the file and puts it into the target's place. Raises what writing raises, 70 when another
-    /// program keeps the target; the file is then given up.
+    /// Completes the file and puts it into the target's place. Raises what writing raises, and 75 when the
+    /// target may not be replaced, or has become another file; the new file is then given up.
     void commit();
 
     /// Deletes what was written.
@@ -41,14 +60,16 @@ private:
     static constexpr Handle kNone = -1;
     static constexpr std::size_t kBufferBytes = std::size_t{1} << 18;
 
+    void writeOn(std::string_view bytes);
     void flush();
 
     Handle handle_ = kNone;
     std::filesystem::path target_;
     std::filesystem::path temporary_;
-    bool replaces_ = false;      ///< the target was there when the file was begun
-    std::size_t sinceSync_ = 0;  ///< bytes that the disk may not have yet
-    std::vector<char> buffer_;
+    std::optional<FileIdentity> replaced_;  ///< the target, if it was there when the file was begun
+    std::size_t sinceSync_ = 0;             ///< bytes that the disk may not have yet
+    std::unique_ptr<char[]> buffer_;
+    std::size_t filled_ = 0;
 };
 
 /// Whether two names lead to the same file: by links, another spelling of the path, or letter case where the

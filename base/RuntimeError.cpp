@@ -68,6 +68,7 @@ RuntimeError fileError(int errnoValue)
     case EROFS:
         return RuntimeError(ErrorNumber::accessError);
     case ENOSPC:
+    case EFBIG:
 #ifdef EDQUOT
     case EDQUOT:
 #endif

@@ -75,19 +75,19 @@ bool ExportPanel::filemat1(const SearchQuery&)
         parts_.dialogs.message(BoxIcon::critical, fromUtf8Text(messages::kNoFields));
         return false;
     }
-    chooseFile(fieldsOf(parts_.matrix.entries), &ExportPanel::creamat1_Click);
+    chooseFile(parts_.matrix.entries.numbers(), &ExportPanel::creamat1_Click);
     return true;
 }
 
 bool ExportPanel::creafile1(const SearchQuery& query)
 {
-    chooseFile(fieldsOf(query.selection), &ExportPanel::creamat2_Click);
+    chooseFile(query.selection.numbers(), &ExportPanel::creamat2_Click);
     return true;
 }
 
 bool ExportPanel::creafiletutto(const SearchQuery&)
 {
-    chooseFile(allFields(parts_.recFile.fields()), &ExportPanel::creamatutto_Click);
+    chooseFile(parts_.recFile.fields().allFields(), &ExportPanel::creamatutto_Click);
     return true;
 }
 

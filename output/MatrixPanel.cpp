@@ -59,7 +59,11 @@ void MatrixPanel::impmat_Click()
     parts_.recordView.releaseBoxes();
     emit azzeravarRequested();
     emit cancellaRequested();
-    if (matrix_.endChoice()) save();
+    if (matrix_.endChoice()) {
+        save();
+    } else {
+        emit hint(QStringLiteral("resta la matrice di prima, campi: %1").arg(matrix_.SavedMatrixCount()));
+    }
 }
 
 void MatrixPanel::beginChoice()

@@ -17,10 +17,10 @@ constexpr std::string_view kFirstLabel = "      da rekord:";
 constexpr std::string_view kLastLabel = "  a rekord:";
 
 /// The range of a partial search, for the header line; nothing for the whole file.
-std::string rangeOf(const SearchQuery& query, RecordNumber searchEnd)
+std::string rangeOf(const SearchQuery& query, RecordNumber recordCount)
 {
     if (!query.range) return {};
-    const double last = query.range->to.value_or(static_cast<double>(searchEnd));
+    const double last = query.range->to.value_or(static_cast<double>(recordCount));
     return std::string(kFirstLabel) + str(std::trunc(query.range->from)) + std::string(kLastLabel) +
            str(std::trunc(last));
 }
@@ -55,11 +55,11 @@ void PrintFile::add(RecordScanner& record)
     addLine(std::string(kSeparatorWidth, '<'), {}, kLineEnd);
 }
 
-void PrintFile::searchStarts(const SearchQuery& query, RecordNumber, RecordNumber searchEnd)
+void PrintFile::searchAsked(const SearchQuery& query, RecordNumber recordCount)
 {
     if (!stamp2) return;
     clear();
-    addLine(matrix_.PrintHeader, rangeOf(query, searchEnd), kLineEnd);
+    addLine(matrix_.PrintHeader, rangeOf(query, recordCount), kLineEnd);
 }
 
 void PrintFile::hit(RecordScanner& record)

@@ -32,14 +32,14 @@ public:
     /// Something did not fit.
     bool isFull() const { return full_; }
     void clear();
-    /// Tells texts apart: in between it is only added to.
+    /// Counts the texts that were begun: as long as it stays, the text was only added to.
     int edition() const { return edition_; }
 
     /// Appends a record. Raises RuntimeError 9 at an entry of the matrix that the file has no field for; the
     /// entries before it are appended.
     void add(RecordScanner& record);
 
-    void searchStarts(const SearchQuery& query, RecordNumber searchStart, RecordNumber searchEnd) override;
+    void searchAsked(const SearchQuery& query, RecordNumber recordCount) override;
     void hit(RecordScanner& record) override;
     void searchEnds(SearchEnd end, std::string_view criteria) override;
 

@@ -43,6 +43,7 @@ PrintFrame::PrintFrame(QWidget* parent) :
         box->installEventFilter(this);
     connect(frame8_->to, &QLineEdit::textChanged, this, &PrintFrame::Text9_Change);
     connect(frame8_->to, &QLineEdit::returnPressed, this, &PrintFrame::Text9_KeyPress);
+    connect(Text5, &QPlainTextEdit::textChanged, this, &PrintFrame::showFill);
     layOut();
 }
 
@@ -78,11 +79,19 @@ void PrintFrame::show(const PrintFile& printFile)
     }
     edition_ = printFile.edition();
     shown_ = text.size();
+    full_ = printFile.isFull();
+    showFill();
+}
+
+/// Line ends count as two characters, as in the print file.
+void PrintFrame::showFill()
+{
     const QLocale italian(QLocale::Italian);
-    const auto inItalian = [&](std::size_t n) { return italian.toString(static_cast<qulonglong>(n)); };
-    fill_->setText(printFile.isFull() ? QStringLiteral("pieno: il resto manca (32K)")
-                                      : QStringLiteral("%1 caratteri di %2")
-                                            .arg(inItalian(text.size()), inItalian(PrintFile::kCapacity)));
+    const int characters = Text5->document()->characterCount() + Text5->blockCount() - 2;
+    const auto capacity = static_cast<int>(PrintFile::kCapacity);
+    fill_->setText(full_ ? QStringLiteral("pieno: il resto manca (32K)")
+                         : QStringLiteral("%1 caratteri di %2")
+                               .arg(italian.toString(characters), italian.toString(capacity)));
 }
 
 QString PrintFrame::text() const

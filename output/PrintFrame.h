@@ -52,6 +52,7 @@ protected:
 
 private:
     void layOut();
+    void showFill();
 
     RangeFrame* frame8_;
     QPlainTextEdit* Text5;
@@ -59,6 +60,7 @@ private:
     QToolButton* close_;
     int edition_ = -1;       ///< of what is shown
     std::size_t shown_ = 0;  ///< and how much of it
+    bool full_ = false;      ///< something did not fit
 };
 
 }  // namespace quorvin

@@ -82,7 +82,8 @@ private:
     std::string_view rest_;
 };
 
-/// The whole part of a number, as far as it goes into an int.
+/// The whole part of a number, as far as it goes into an int: entries and margin are whole, and what begins
+/// with a fraction of 1 is a header.
 int wholePart(double number)
 {
     constexpr double kMost = std::numeric_limits<int>::max();
@@ -104,12 +105,14 @@ std::string readWhole(const std::filesystem::path& name)
 
 void PrintMatrix::beginChoice()
 {
+    choosing_ = true;
     saved_ = entries;
     entries.clear();
 }
 
 bool PrintMatrix::endChoice()
 {
+    choosing_ = false;
     if (!entries.empty()) return true;
     entries = saved_;
     return false;
@@ -126,8 +129,8 @@ bool PrintMatrix::setMargin(double characters)
 std::string PrintMatrix::toText() const
 {
     std::string text;
-    for (int i = 1; i <= PrintMatrixCount(); ++i)
-        text.append(str(std::int64_t{entries.at(i)})).append(kLineEnd);
+    for (const int field : (choosing_ ? saved_ : entries).numbers())
+        text.append(str(std::int64_t{field})).append(kLineEnd);
     text.append(PrintHeader).append(kLineEnd);
     text.append(str(std::int64_t{PrintMargin})).append(kLineEnd);
     return text.append(1, kQuote).append(DocumentTemplate).append(1, kQuote).append(kLineEnd);

@@ -25,7 +25,7 @@ public:
     std::string DocumentTemplate;  ///< RTF on one line, without any double quote
 
     int PrintMatrixCount() const { return entries.count(); }
-    /// Entries in force when the choice of new ones began.
+    /// Entries in force when the choice of new ones began, and until it ends.
     int SavedMatrixCount() const { return saved_.count(); }
 
     /// Begins a new choice, with nothing chosen.
@@ -38,7 +38,8 @@ public:
 
     void clear() { *this = PrintMatrix(); }
 
-    /// Writes the file that belongs to a REC file, whole or not at all. Raises what OutputFile raises, and 75
+    /// Writes the file that belongs to a REC file, whole or not at all; during a choice with the entries
+    /// before it. Raises what OutputFile raises, and 75
     /// when it would be the REC file itself.
     void matrice(const RecFile& recFile) const;
 
@@ -51,6 +52,7 @@ public:
     void fromText(std::string_view text);
 
 private:
+    bool choosing_ = false;
     FieldList saved_;
 };
 

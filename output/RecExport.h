@@ -12,8 +12,6 @@
 
 namespace quorvin {
 
-class FieldList;
-
 /// Takes part in the searches that it is prepared for. The file appears when the search ends, whole, with
 /// the hits so far; an error leaves none.
 class RecExport : public SearchConsumer {
@@ -53,16 +51,5 @@ private:
     std::filesystem::path writing_;  ///< the file that the search writes
     std::optional<Written> written_;
 };
-
-/// The three choices of fields: those of a list, as the print matrix or the search's selection; all of a
-/// file.
-std::vector<int> fieldsOf(const FieldList& list);
-std::vector<int> allFields(const FieldTable& table);
-
-/// Longest field that is written, characters.
-inline int greatestLength(bool compEpidat)
-{
-    return compEpidat ? kCompatibleLength : kGreatestLength;
-}
 
 }  // namespace quorvin

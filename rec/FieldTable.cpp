@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -31,16 +32,19 @@ char at(std::string_view line, std::int64_t column)
 enum class Placement { inColumns, oneColumnLeft, undecided };
 
 /// Where a definition line's numbers end: in their columns, or all of them one column before. A line whose
-/// columns are blank where they must be in both cases, or which is cut short, decides nothing.
+/// columns are blank where they must be in both cases, or which has not all numbers, decides nothing.
 Placement placementOf(std::string_view line)
 {
     bool separatorUsed = at(line, kQuestionTextColumns.first - 1) != ' ';
+    bool allThere = true;
     for (const ItemColumns& item : kNumberColumns) {
         const std::int64_t last = item.first + item.width - 1;
-        if (at(line, last) != ' ' || !isDigit(at(line, last - 1))) return Placement::inColumns;
+        const char before = at(line, last - 1);
+        if (at(line, last) != ' ' || (before != ' ' && !isDigit(before))) return Placement::inColumns;
+        allThere = allThere && before != ' ';
         separatorUsed = separatorUsed || at(line, item.first - 1) != ' ';
     }
-    return separatorUsed ? Placement::oneColumnLeft : Placement::undecided;
+    return allThere && separatorUsed ? Placement::oneColumnLeft : Placement::undecided;
 }
 
 /// Some programs write definitions without the blank behind the name, so that all that follows stands one
@@ -103,6 +107,13 @@ int FieldTable::length(int n) const
 {
     requireField(n);
     return lengths_[static_cast<std::size_t>(n)];
+}
+
+std::vector<int> FieldTable::allFields() const
+{
+    std::vector<int> fields(static_cast<std::size_t>(fieldCount));
+    std::iota(fields.begin(), fields.end(), 1);
+    return fields;
 }
 
 bool FieldTable::isEpiDataCompatible() const

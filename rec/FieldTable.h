@@ -43,6 +43,9 @@ public:
     /// kept.
     void addFields(const std::vector<std::string>& lines);
 
+    /// The numbers of all fields.
+    std::vector<int> allFields() const;
+
     /// Length of field `n` as a number; 0 for slot 0. Raises RuntimeError 9 outside 0..fieldCount.
     int length(int n) const;
 

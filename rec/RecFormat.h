@@ -21,6 +21,10 @@ inline constexpr std::size_t kLineWidth = 78;
 /// Longest field that EpiData can open, and longest that is written at all; characters.
 inline constexpr int kCompatibleLength = 80;
 inline constexpr int kGreatestLength = 250;
+constexpr int greatestLength(bool compEpidat)
+{
+    return compEpidat ? kCompatibleLength : kGreatestLength;
+}
 
 /// The mark of the last line of a record that was deleted in EpiData.
 inline constexpr char kDeletedMark = '?';

@@ -13,8 +13,9 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// Mark behind a line that is not its record's last, and behind the last of a record that has none.
+/// Mark behind the last line of a record that has none, and the end of a line that is not its record's last.
 constexpr char kLiveMark = '!';
+constexpr std::string_view kFullLineEnd = "!\r\n";
 
 /// Columns of all numbers but the first, the blank before them included; and of name and first number
 /// together.
@@ -63,22 +64,24 @@ void RecWriter::start(const std::filesystem::path& target, const RecFile& source
     if (isSameFile(target, source.dataFileName())) throw RuntimeError(ErrorNumber::accessError);
     MaxTextLength_ = MaxTextLength;
     recordCount_ = 0;
-    RecordBuffer.clear();
     chooseFields(source.fields(), fields);
+    const bool anyLength = std::any_of(stretches_.begin(), stretches_.end(),
+                                       [](const Stretch& stretch) { return stretch.length > 0; });
+    if (!anyLength) throw RuntimeError(ErrorNumber::divisionByZero);
     output_.open(target);
     writeHeader(source);
 }
 
 void RecWriter::chooseFields(const FieldTable& table, const std::vector<int>& fields)
 {
-    WriteFieldList_.clear();
+    WriteFieldList.clear();
     stretches_.clear();
     for (const int field : fields) {
-        if (field < 1) throw RuntimeError(ErrorNumber::subscript);
+        if (field < 1 || field > table.fieldCount) throw RuntimeError(ErrorNumber::subscript);
         const bool known =
-            std::find(WriteFieldList_.begin(), WriteFieldList_.end(), field) != WriteFieldList_.end();
+            std::find(WriteFieldList.begin(), WriteFieldList.end(), field) != WriteFieldList.end();
         if (known) continue;
-        WriteFieldList_.push_back(field);
+        WriteFieldList.push_back(field);
         addStretch({static_cast<std::size_t>(table.fieldOffset[static_cast<std::size_t>(field)]),
                     static_cast<std::size_t>(writtenLength(table, field))});
     }
@@ -105,7 +108,7 @@ void RecWriter::writeHeader(const RecFile& source)
     text += kLineEnd;
     int row = 1;
     std::size_t before = 0;
-    for (const int field : WriteFieldList_) {
+    for (const int field : WriteFieldList) {
         const auto i = static_cast<std::size_t>(field);
         if (before != 0 && !sharedRow(table, before, i)) ++row;
         text += definitionLine(table, i, row, writtenLength(table, field));
@@ -117,7 +120,24 @@ void RecWriter::writeHeader(const RecFile& source)
 
 void RecWriter::add(RecordScanner& record)
 {
-    const std::string_view text = record.text();
+    std::string_view rest = recordBuffer(record.text());
+    for (; rest.size() > kLineWidth; rest.remove_prefix(kLineWidth)) {
+        output_.write(rest.substr(0, kLineWidth));
+        output_.write(kFullLineEnd);
+    }
+    const char mark = record.lastMark();
+    output_.write(rest);
+    output_.write({mark == '\0' ? &kLiveMark : &mark, 1});
+    output_.write(kLineEnd);
+    ++recordCount_;
+}
+
+/// Text of the written fields, out of the text of a record.
+std::string_view RecWriter::recordBuffer(std::string_view text)
+{
+    const Stretch& first = stretches_.front();
+    if (stretches_.size() == 1 && first.first + first.length <= text.size())
+        return text.substr(first.first, first.length);
     RecordBuffer.clear();
     for (const Stretch& stretch : stretches_) {
         const std::string_view values = text.substr(std::min(stretch.first, text.size()), stretch.length);
@@ -125,14 +145,7 @@ void RecWriter::add(RecordScanner& record)
         // Only a record that ends too early has less.
         RecordBuffer.append(stretch.length - values.size(), ' ');
     }
-    lines_.clear();
-    std::string_view rest = RecordBuffer;
-    for (; rest.size() > kLineWidth; rest.remove_prefix(kLineWidth))
-        lines_.append(rest.substr(0, kLineWidth)).append(1, kLiveMark).append(kLineEnd);
-    const char mark = record.lastMark();
-    lines_.append(rest).append(1, mark == '\0' ? kLiveMark : mark).append(kLineEnd);
-    output_.write(lines_);
-    ++recordCount_;
+    return RecordBuffer;
 }
 
 }  // namespace quorvin

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/OutputFile.h"
@@ -20,8 +21,9 @@ class RecWriter {
 public:
     /// Begins a file: header and definitions. `fields`: field numbers of `source` in the order of the new
     /// file; one that stands there twice is written once. Longer fields are cut to `MaxTextLength`
-    /// characters. `source` must be open and outlive the writing.
-    /// Raises RuntimeError 9 for a field that the source does not have, 75 when the target is the source, and
+    /// characters.
+    /// Raises RuntimeError 9 for a field that the source does not have, 11 when the fields have no length at
+    /// all, for nobody could read such a file, 75 when the target is the source, and
     /// what OutputFile raises.
     void start(const std::filesystem::path& target, const RecFile& source, const std::vector<int>& fields,
                int MaxTextLength);
@@ -36,10 +38,6 @@ public:
     void finish() { output_.commit(); }
     void discard() noexcept { output_.discard(); }
 
-    /// The fields that are written, in this order.
-    const std::vector<int>& WriteFieldList() const { return WriteFieldList_; }
-    int WriteFieldCount() const { return static_cast<int>(WriteFieldList_.size()); }
-
 private:
     /// Characters of a record that stand in the new file as they stand in the source; from 0.
     struct Stretch {
@@ -47,17 +45,18 @@ private:
         std::size_t length;
     };
 
+    int WriteFieldCount() const { return static_cast<int>(WriteFieldList.size()); }
     void chooseFields(const FieldTable& table, const std::vector<int>& fields);
     int writtenLength(const FieldTable& table, int field) const;
     void addStretch(const Stretch& field);
     void writeHeader(const RecFile& source);
+    std::string_view recordBuffer(std::string_view text);
 
     OutputFile output_;
-    std::vector<int> WriteFieldList_;
+    std::vector<int> WriteFieldList;  ///< the fields that are written, in this order
     std::vector<Stretch> stretches_;  ///< the written fields, those together that stand side by side
     int MaxTextLength_ = kCompatibleLength;
     std::string RecordBuffer;  ///< text of the record being written
-    std::string lines_;        ///< the same as the file's lines
     RecordNumber recordCount_ = 0;
 };
 

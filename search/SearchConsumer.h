@@ -28,6 +28,10 @@ public:
     SearchConsumer& operator=(const SearchConsumer&) = delete;
     virtual ~SearchConsumer() = default;
 
+    /// A search is asked for, in a file of so many records; its range may still turn out to be invalid. What
+    /// is left of the search before is stale.
+    virtual void searchAsked(const SearchQuery& /*query*/, RecordNumber /*recordCount*/) {}
+
     /// Asked before anything begins, when the range is known to be valid; false when there shall be no
     /// search.
     virtual bool mayStart(const SearchQuery& /*query*/) { return true; }

@@ -20,6 +20,8 @@ SearchDriver::Started SearchDriver::start(const SearchQuery& query)
     for (int i = 1; i <= query.selection.count(); ++i)
         criteria_ += str(std::int64_t{query.selection.at(i)}) + "." + matcher_.fieldPattern(i) + "  ";
     file_.recount();
+    for (SearchConsumer* consumer : consumers_)
+        consumer->searchAsked(query_, file_.recordCount());
     const Started started = checkRange();
     if (started != Started::running) return started;
     const bool wanted = std::all_of(consumers_.begin(), consumers_.end(),

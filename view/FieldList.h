@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "rec/RecFormat.h"
 
@@ -20,6 +21,9 @@ public:
     /// Field number at `position`. Position 0 holds no field and gives 0. Raises RuntimeError 9 outside
     /// 0..count.
     int at(int position) const;
+
+    /// All field numbers in their order.
+    std::vector<int> numbers() const { return {entries_.begin() + 1, entries_.begin() + 1 + count_}; }
 
 private:
     std::array<int, kFieldSlots> entries_{};

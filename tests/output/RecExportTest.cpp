@@ -51,7 +51,7 @@ TEST_F(RecExportTest, WholeFilesComeOutAsTheyWere)
     for (const auto& [name, count] : {std::pair("oswego.rec", 75), {"wnv.rec", 766}, {"infert.rec", 248}}) {
         const std::string source = bytesOf(std::filesystem::path(TEST_DATA) / name);
         use(source);
-        export_.prepare(RecExport::Target{target_, allFields(file_.fields()), greatestLength(true)});
+        export_.prepare(RecExport::Target{target_, file_.fields().allFields(), greatestLength(true)});
         EXPECT_EQ(run(query(4, {2}, {" "})), 0);
         EXPECT_EQ(recordsWritten(), count) << name;
 
@@ -127,7 +127,7 @@ TEST_F(RecExportTest, IsAskedBeforeEachSearch)
         std::filesystem::remove(target_);
         export_.beforeSearch = [&](const SearchQuery& q) {
             export_.prepare({});
-            if (answer == "write") export_.prepare(RecExport::Target{target_, fieldsOf(q.selection), 1});
+            if (answer == "write") export_.prepare(RecExport::Target{target_, q.selection.numbers(), 1});
             return answer != "refuse";
         };
         EXPECT_EQ(run(query(7, {1}, {"a b"})), 0);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <random>
 
 #include "rec/RecordScanner.h"
@@ -88,8 +89,7 @@ TEST_F(RecWriterTest, FieldsThatSharedALineShareOne)
         const char* expected;
     };
     for (const Case& c :
-         {Case{{{3, 3}, {3, 3}, {5, 5}, {9, 9}}, "1123"}, Case{{{3, 3}, {1, 1}, {3, 3}}, "123"},
-          Case{{{1, 2}, {1, 3}, {4, 3}}, "111"}, Case{{{1, 2}, {2, 1}}, "12"}}) {
+         {Case{{{3, 3}, {3, 3}, {5, 5}, {9, 9}}, "1123"}, Case{{{1, 2}, {1, 3}, {4, 3}}, "111"}}) {
         std::vector<FieldSpec> fields;
         std::vector<int> all;
         for (const auto& [question, box] : c.lines) {
@@ -131,19 +131,32 @@ TEST_F(RecWriterTest, DefinitionsThatAreNotWhole)
     EXPECT_EQ(written({1, 2, 3}),
               "3 1\r\n" + std::string(19, ' ') + rest + "_AB" + std::string(16, ' ') + rest +
                   test::definitionLine({.length = 1, .questionY = 2, .fieldY = 2}) + "\r\nx!\r\n");
+
+    // One column left, the last line cut behind its length: it must not make the others read otherwise.
+    std::string source = oneColumnLeft(rec({{.length = 100}, {.length = 3}}).bytes(), 2);
+    source.erase(source.size() - 14, 12);
+    open(source + std::string(78, 'a') + "!\r\n" + std::string(25, 'b') + "!\r\n");
+    const std::string bytes = written({1, 2});
+    open(bytes);
+    EXPECT_EQ(file_.fields().length(1), 100);
+    EXPECT_EQ(file_.fields().length(2), 3);
 }
 
 TEST_F(RecWriterTest, WhatIsRefused)
 {
-    const std::string source = rec({{}, {}}).record({"a"}).bytes();
+    const std::string source = rec({{}, {.length = 0}}).record({"a"}).bytes();
     open(source);
-    for (const int field : {0, -1, 3}) {
-        EXPECT_EQ(test::errorOf([&] { written({1, field}); }), 9) << field;
-        EXPECT_FALSE(std::filesystem::exists(target_)) << field;
+    struct Case {
+        std::vector<int> fields;
+        int error;
+    };
+    for (const Case& c : {Case{{1, 0}, 9}, Case{{-1}, 9}, Case{{1, 3}, 9}, Case{{201}, 9},
+                          Case{{std::numeric_limits<int>::max()}, 9}, Case{{2, 2}, 11}, Case{{}, 11}}) {
+        EXPECT_EQ(test::errorOf([&] { written(c.fields); }), c.error);
+        EXPECT_FALSE(std::filesystem::exists(target_));
     }
     std::filesystem::create_hard_link(file_.dataFileName(), target_);
     EXPECT_EQ(test::errorOf([&] { written({1}); }), 75);
-    EXPECT_EQ(bytesOf(target_), source);
 }
 
 /// Against a file put together from the values instead of the source's lines.
@@ -170,8 +183,9 @@ TEST_F(RecWriterTest, RandomFiles)
         std::vector<std::size_t> once;
         std::vector<FieldSpec> chosen;
         int line = 1;
-        for (int n = 1 + below(12); n > 0; --n) {
-            const auto i = static_cast<std::size_t>(below(fields.size()));
+        // The last one has a length, which a file needs.
+        for (int n = 1 + below(12); n >= 0; --n) {
+            const auto i = n == 0 ? std::size_t{0} : static_cast<std::size_t>(below(fields.size()));
             list.push_back(static_cast<int>(i) + 1);
             if (std::count(once.begin(), once.end(), i)) continue;
             FieldSpec field = fields[i];
