@@ -58,7 +58,8 @@ void FormFrames::add(const QString& menu, TitledFrame* frame, const QRectF& plac
 void FormFrames::preferenze_Click()
 {
     toggle(QStringLiteral("preferenze"), Frame10);
-    if (Frame10->isVisible()) Frame10->Check1->setFocus();
+    // A mode may keep the first box.
+    if (Frame10->isVisible()) (Frame10->Check1->isEnabled() ? Frame10->Check1 : Frame10->Check2)->setFocus();
 }
 
 void FormFrames::note_Click()
@@ -88,7 +89,7 @@ void FormFrames::toggle(const QString& menu, QWidget* frame)
     if (!shown && focusWithin && focusBefore_) focusBefore_->setFocus();
 }
 
-void FormFrames::closeTop()
+bool FormFrames::closeTop()
 {
     TitledFrame* top = nullptr;
     for (QObject* child : canvas_.children()) {
@@ -96,6 +97,7 @@ void FormFrames::closeTop()
         if (frame && frame->isVisible()) top = frame;
     }
     if (top) emit top->closeRequested();
+    return top != nullptr;
 }
 
 }  // namespace quorvin

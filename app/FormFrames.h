@@ -26,8 +26,8 @@ public:
     PreferencesFrame* const Frame10;
 
     void preferenze_Click();
-    /// Closes the frame that stands in front of all others.
-    void closeTop();
+    /// Closes the frame that stands in front of all others; false when there is none.
+    bool closeTop();
 
 private:
     void add(const QString& menu, TitledFrame* frame, const QRectF& place);

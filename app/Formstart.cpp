@@ -85,8 +85,8 @@ void Formstart::buildForm()
     outputPanel_ = new OutputPanel({recFile_, matrixPanel_->matrix(), *recordView_, *navigator_, menuTree_,
                                     *searchPanel_, *searchStatus_, dialogs_},
                                    canvas_);
-    exportPanel_ =
-        new ExportPanel({recFile_, matrixPanel_->matrix(), menuTree_, *searchPanel_, dialogs_}, canvas_);
+    new ExportPanel({recFile_, matrixPanel_->matrix(), menuTree_, *searchPanel_, *searchStatus_, dialogs_},
+                    canvas_);
     navigator_->insertTools(&outputPanel_->Command4());
     placeParts();
 
@@ -114,18 +114,13 @@ void Formstart::buildForm()
 
 void Formstart::connectMenus()
 {
-    struct Handler {
-        const char* menu;
-        void (Formstart::*click)();
-    };
-    constexpr Handler kHandlers[] = {
-        {"aprifile", &Formstart::aprifile_Click},         {"preferenze", &Formstart::preferenze_Click},
-        {"impostMaiusc", &Formstart::impostMaiusc_Click}, {"compEpidat", &Formstart::compEpidat_Click},
-        {"adatta600", &Formstart::adatta600_Click},       {"esci", &Formstart::esci_Click},
-        {"EpiData", &Formstart::EpiData_Click},
-    };
-    for (const Handler& handler : kHandlers)
-        menuTree_.onClick(fromUtf8Text(handler.menu), [this, click = handler.click] { (this->*click)(); });
+    menuTree_.onClicks<Formstart>(*this, {{QStringLiteral("aprifile"), &Formstart::aprifile_Click},
+                                          {QStringLiteral("preferenze"), &Formstart::preferenze_Click},
+                                          {QStringLiteral("impostMaiusc"), &Formstart::impostMaiusc_Click},
+                                          {QStringLiteral("compEpidat"), &Formstart::compEpidat_Click},
+                                          {QStringLiteral("adatta600"), &Formstart::adatta600_Click},
+                                          {QStringLiteral("esci"), &Formstart::esci_Click},
+                                          {QStringLiteral("EpiData"), &Formstart::EpiData_Click}});
     menuTree_.isBlocked = [this] { return isBusy(); };
 }
 
@@ -134,7 +129,9 @@ void Formstart::connectParts()
     connect(canvas_, &FormCanvas::scaleChanged, recordView_, &RecordView::setScale);
     connect(canvas_, &FormCanvas::nextRequested, navigator_, &Navigator::pressNext);
     connect(canvas_, &FormCanvas::previousRequested, navigator_, &Navigator::pressPrevious);
-    connect(canvas_, &FormCanvas::escapePressed, frames_, &FormFrames::closeTop);
+    connect(canvas_, &FormCanvas::escapePressed, this, [this] {
+        if (!frames_->closeTop()) outputPanel_->closeFrame();
+    });
     connect(recordView_, &RecordView::Text2_Click, this, &Formstart::Text2_Click);
     connect(navigator_, &Navigator::epiDataRequested, this, &Formstart::EpiData_Click);
     connect(navigator_, &Navigator::clearRequested, this, &Formstart::Command3_Click);
@@ -178,7 +175,6 @@ void Formstart::connectOutput()
     connect(outputPanel_, &OutputPanel::cancellaRequested, this, &Formstart::cancella);
     connect(outputPanel_, &OutputPanel::placesChanged, this, &Formstart::placeParts);
     connect(outputPanel_, &OutputPanel::hint, this, &Formstart::showHint);
-    connect(exportPanel_, &ExportPanel::hint, this, &Formstart::showHint);
 }
 
 /// Stands lists and print file, and gives the record the room beside and above what is shown of them.

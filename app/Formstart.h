@@ -12,7 +12,6 @@ class QLabel;
 namespace quorvin {
 
 class Dialogs;
-class ExportPanel;
 class FormCanvas;
 class FormFrames;
 class MatrixPanel;
@@ -87,7 +86,6 @@ private:
     SearchPanel* searchPanel_ = nullptr;
     MatrixPanel* matrixPanel_ = nullptr;
     OutputPanel* outputPanel_ = nullptr;
-    ExportPanel* exportPanel_ = nullptr;
     FormFrames* frames_ = nullptr;
     QLabel* Label7 = nullptr;
 };

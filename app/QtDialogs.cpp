@@ -113,6 +113,7 @@ std::optional<QFont> QtDialogs::chooseFont(const QString& title, const QFont& fo
     // The dialog knows fonts by the names that they have on this system.
     QFont present(font);
     present.setFamily(QFontInfo(font).family());
+    present.setStyleName(QFontInfo(font).styleName());
     QFontDialog dialog(present, window_);
     dialog.setWindowTitle(title);
     if (dialog.exec() != QDialog::Accepted) return {};

@@ -7,6 +7,7 @@
 #include "output/OverwriteQuestion.h"
 #include "output/PrintMatrix.h"
 #include "search/SearchPanel.h"
+#include "search/SearchStatus.h"
 #include "view/Dialogs.h"
 #include "view/MenuState.h"
 #include "view/Messages.h"
@@ -27,13 +28,9 @@ ExportPanel::ExportPanel(const ExportParts& parts, QObject* form) :
     parts_(parts),
     export_(parts.recFile)
 {
-    const std::pair<const QString&, void (ExportPanel::*)()> handlers[] = {
-        {kCreamat1, &ExportPanel::creamat1_Click},
-        {kCreamat2, &ExportPanel::creamat2_Click},
-        {kCreamatutto, &ExportPanel::creamatutto_Click},
-    };
-    for (const auto& [item, click] : handlers)
-        parts_.menu.onClick(item, [this, handler = click] { (this->*handler)(); });
+    parts_.menu.onClicks<ExportPanel>(*this, {{kCreamat1, &ExportPanel::creamat1_Click},
+                                              {kCreamat2, &ExportPanel::creamat2_Click},
+                                              {kCreamatutto, &ExportPanel::creamatutto_Click}});
     export_.beforeSearch = [this](const SearchQuery& query) { return prepare(query); };
     parts_.search.addConsumer(export_);
     connect(&parts_.search, &SearchPanel::stateShown, this, &ExportPanel::sayWritten);
@@ -41,17 +38,22 @@ ExportPanel::ExportPanel(const ExportParts& parts, QObject* form) :
 
 void ExportPanel::creamat1_Click()
 {
-    parts_.menu.setMode(kCreamat1, !parts_.menu.isTicked(kCreamat1));
+    toggle(kCreamat1);
 }
 
 void ExportPanel::creamat2_Click()
 {
-    parts_.menu.setMode(kCreamat2, !parts_.menu.isTicked(kCreamat2));
+    toggle(kCreamat2);
 }
 
 void ExportPanel::creamatutto_Click()
 {
-    parts_.menu.setMode(kCreamatutto, !parts_.menu.isTicked(kCreamatutto));
+    toggle(kCreamatutto);
+}
+
+void ExportPanel::toggle(const QString& mode)
+{
+    parts_.menu.setMode(mode, !parts_.menu.isTicked(mode));
 }
 
 /// Before each search: chooses the file if a mode is on. False when there shall be no search.
@@ -128,9 +130,9 @@ void ExportPanel::sayWritten()
 {
     const auto written = export_.takeWritten();
     if (!written) return;
-    emit hint(QStringLiteral("%1: rekord scritti %2")
-                  .arg(QFileInfo(written->name).fileName())
-                  .arg(written->records));
+    parts_.status.showNotice(QStringLiteral("%1: rekord scritti %2")
+                                 .arg(QFileInfo(written->name).fileName())
+                                 .arg(written->records));
 }
 
 }  // namespace quorvin

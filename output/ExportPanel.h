@@ -11,6 +11,7 @@ class Dialogs;
 class MenuState;
 class PrintMatrix;
 class SearchPanel;
+class SearchStatus;
 
 /// The parts of the window that writing REC files works with; all must outlive the panel.
 struct ExportParts {
@@ -18,6 +19,7 @@ struct ExportParts {
     const PrintMatrix& matrix;
     MenuState& menu;
     SearchPanel& search;
+    SearchStatus& status;
     Dialogs& dialogs;
 };
 
@@ -27,14 +29,11 @@ class ExportPanel : public QObject {
 public:
     ExportPanel(const ExportParts& parts, QObject* form);
 
-signals:
-    /// Something worth a word in passing.
-    void hint(const QString& text);
-
 private:
     void creamat1_Click();
     void creamat2_Click();
     void creamatutto_Click();
+    void toggle(const QString& mode);
 
     bool prepare(const SearchQuery& query);
     bool filemat1(const SearchQuery& query);

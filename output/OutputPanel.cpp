@@ -1,10 +1,10 @@
 #include "output/OutputPanel.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
 #include <exception>
-#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -29,12 +29,10 @@ const QString kStamp1 = QStringLiteral("stamp1");
 const QString kStamp2 = QStringLiteral("stamp2");
 const QString kStampcol = QStringLiteral("stampcol");
 
-/// Records between two looks at the clock, and the milliseconds that the window waits: for what is done at
-/// once, for a slice of what takes longer, and between two showings of the progress.
+/// Records between two looks at the clock, and the milliseconds that an interval may take before it is gone
+/// on with in slices.
 constexpr RecordNumber kStep = 1000;
 constexpr qint64 kAtOnce = 150;
-constexpr qint64 kSlice = 30;
-constexpr qint64 kProgress = 50;
 
 }  // namespace
 
@@ -45,7 +43,7 @@ OutputPanel::OutputPanel(const OutputParts& parts, QWidget* form) :
     interval_(parts.recFile, printFile_),
     frame_(new PrintFrame(form)),
     command4_(new QPushButton(QStringLiteral("stampa"), form)),
-    gate_(parts.status.stopButton(), this)
+    timer_(parts.status.stopButton(), this)
 {
     Navigator::nameButton(*command4_, QStringLiteral("Command4"),
                           QStringLiteral("stampa ciò che è in mostra (Ctrl+P)"));
@@ -56,8 +54,8 @@ OutputPanel::OutputPanel(const OutputParts& parts, QWidget* form) :
     connect(frame_, &PrintFrame::Text9_Change, this, &OutputPanel::Text9_Change);
     connect(frame_, &PrintFrame::Text9_KeyPress, this, &OutputPanel::Text9_KeyPress);
     connect(frame_, &PrintFrame::closeRequested, this, &OutputPanel::closeFrame);
-    connect(&timer_, &QTimer::timeout, this, &OutputPanel::printSome);
-    connect(&gate_, &InputGate::escapePressed, this, &OutputPanel::stopInterval);
+    connect(&timer_, &SliceTimer::slice, this, &OutputPanel::printSome);
+    connect(&timer_, &SliceTimer::escapePressed, this, &OutputPanel::stopInterval);
     connect(&parts.status, &SearchStatus::stopRequested, this, &OutputPanel::stopInterval);
     connect(&parts.search, &SearchPanel::stateShown, this, &OutputPanel::showPrintFile);
     parts.search.addConsumer(printFile_);
@@ -67,15 +65,12 @@ OutputPanel::OutputPanel(const OutputParts& parts, QWidget* form) :
 
 void OutputPanel::connectMenu()
 {
-    const std::pair<QString, void (OutputPanel::*)()> handlers[] = {
-        {kStamp1, &OutputPanel::stamp1_Click},
-        {kStamp2, &OutputPanel::stamp2_Click},
-        {QStringLiteral("prefstamp"), &OutputPanel::prefstamp_Click},
-        {QStringLiteral("impoststamp"), &OutputPanel::impoststamp_Click},
-        {kStampcol, &OutputPanel::stampcol_Click},
-    };
-    for (const auto& [item, click] : handlers)
-        parts_.menu.onClick(item, [this, handler = click] { (this->*handler)(); });
+    parts_.menu.onClicks<OutputPanel>(*this,
+                                      {{kStamp1, &OutputPanel::stamp1_Click},
+                                       {kStamp2, &OutputPanel::stamp2_Click},
+                                       {QStringLiteral("prefstamp"), &OutputPanel::prefstamp_Click},
+                                       {QStringLiteral("impoststamp"), &OutputPanel::impoststamp_Click},
+                                       {kStampcol, &OutputPanel::stampcol_Click}});
 }
 
 void OutputPanel::reset(bool fileOpen)
@@ -149,6 +144,8 @@ void OutputPanel::stamp2_Click()
         return;
     }
     if (isCounting()) return;
+    // Frame8 takes the focus with it.
+    if (frame_->isAncestorOf(frame_->window()->focusWidget())) parts_.navigator.focusNext();
     parts_.menu.setMode(kStamp2, true);
     begin();
     followModes();
@@ -170,6 +167,7 @@ void OutputPanel::showPrintFile()
 
 void OutputPanel::closeFrame()
 {
+    if (frame_->isHidden() || !frame_->isClosable()) return;
     frame_->hide();
     parts_.navigator.focusNext();
     emit placesChanged();
@@ -200,6 +198,8 @@ void OutputPanel::Text9_Change()
 void OutputPanel::Text9_KeyPress()
 {
     if (isPrinting() || frame_->Frame8().to->text().isEmpty()) return;
+    // What was said before must not stand over the progress.
+    emit hint({});
     printFile_.clear();
     showPrintFile();
     parts_.navigator.stopRepeating();
@@ -221,9 +221,7 @@ void OutputPanel::Text9_KeyPress()
         return;
     }
     parts_.status.showRunning(QStringLiteral("  ...stampa in corso"));
-    gate_.close();
-    sinceProgress_.start();
-    timer_.start(0);
+    timer_.start();
 }
 
 /// Prints for some milliseconds; false when nothing is left to print. What fails ends the interval with what
@@ -244,10 +242,9 @@ bool OutputPanel::printFor(qint64 milliseconds)
 
 void OutputPanel::printSome()
 {
-    if (!printFor(kSlice)) {
+    if (!printFor(SliceTimer::kSlice)) {
         endInterval();
-    } else if (sinceProgress_.elapsed() >= kProgress) {
-        sinceProgress_.restart();
+    } else if (timer_.isProgressDue()) {
         parts_.status.showProgress(interval_.progress());
     }
 }
@@ -269,7 +266,6 @@ void OutputPanel::abandon()
     interval_.stop();
     if (!isPrinting()) return;
     timer_.stop();
-    gate_.open();
     parts_.status.hideState();
 }
 

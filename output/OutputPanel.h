@@ -1,15 +1,13 @@
 /// Printing as the user handles it: the two print modes, the print file, the printer.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 
 #include "output/IntervalPrint.h"
 #include "output/PrintFile.h"
 #include "output/PrintFrame.h"
 #include "output/Printer.h"
-#include "search/InputGate.h"
+#include "search/SliceTimer.h"
 
 class QPushButton;
 
@@ -47,9 +45,12 @@ public:
     QPushButton& Command4() { return *command4_; }
 
     /// While the records of an interval are being printed.
-    bool isPrinting() const { return timer_.isActive(); }
+    bool isPrinting() const { return timer_.isRunning(); }
     /// Ends that at once because the window closes or another file is opened.
     void abandon();
+
+    /// Takes the print file off the form, unless a print mode is on or it is not there.
+    void closeFrame();
 
     /// State of a file just opened, or of none; ticks are the menu's business.
     void reset(bool fileOpen);
@@ -86,7 +87,6 @@ private:
     void stopInterval();
     void endInterval();
     void showPrintFile();
-    void closeFrame();
     void followModes();
 
     OutputParts parts_;
@@ -95,9 +95,7 @@ private:
     PrintFrame* frame_;
     QPushButton* command4_;
     Printer printer_;
-    InputGate gate_;
-    QTimer timer_;
-    QElapsedTimer sinceProgress_;
+    SliceTimer timer_;
 };
 
 }  // namespace quorvin

@@ -39,7 +39,7 @@ PrintFrame::PrintFrame(QWidget* parent) :
     close_->setAccessibleName(QStringLiteral("chiudi"));
     close_->setToolTip(QStringLiteral("chiudi (Esc)"));
     connect(close_, &QToolButton::clicked, this, &PrintFrame::closeRequested);
-    for (QLineEdit* box : {frame8_->from, frame8_->to})
+    for (QWidget* box : std::initializer_list<QWidget*>{frame8_->from, frame8_->to, Text5})
         box->installEventFilter(this);
     connect(frame8_->to, &QLineEdit::textChanged, this, &PrintFrame::Text9_Change);
     connect(frame8_->to, &QLineEdit::returnPressed, this, &PrintFrame::Text9_KeyPress);
@@ -123,22 +123,23 @@ void PrintFrame::setClosable(bool closable)
     close_->setVisible(closable);
 }
 
+bool PrintFrame::isClosable() const
+{
+    return !close_->isHidden();
+}
+
 bool PrintFrame::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::KeyPress) {
+        // Enter held down prints the interval once, and does not go on in the text that it leads to.
+        const auto* press = static_cast<QKeyEvent*>(event);
+        if (press->isAutoRepeat() && press->matches(QKeySequence::InsertParagraphSeparator)) return true;
+    }
     const bool pressed = event->type() == QEvent::MouseButtonPress &&
                          static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
     if (pressed && watched == frame8_->from) emit Text8_Click();
     if (pressed && watched == frame8_->to) emit Text9_Click();
     return QFrame::eventFilter(watched, event);
-}
-
-void PrintFrame::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape && !close_->isHidden()) {
-        emit closeRequested();
-        return;
-    }
-    QFrame::keyPressEvent(event);
 }
 
 }  // namespace quorvin

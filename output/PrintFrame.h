@@ -35,6 +35,7 @@ public:
     void setTabOrderAfter(QWidget* control);
     /// Whether the user may close the frame.
     void setClosable(bool closable);
+    bool isClosable() const;
 
 signals:
     /// A click in one of the boxes.
@@ -48,7 +49,6 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void layOut();

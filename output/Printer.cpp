@@ -16,8 +16,9 @@ namespace quorvin {
 
 namespace {
 
-/// Millimetres on each side of a page: a line of 78 characters in the usual font has room on A4.
-constexpr double kPageMargin = 15;
+/// Millimetres on each side of a page: a line of 78 characters in the usual font, and a margin of 11, have
+/// room on A4.
+constexpr double kPageMargin = 10;
 
 [[noreturn]] void fail()
 {

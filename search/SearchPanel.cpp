@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <exception>
-#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -22,6 +21,7 @@ namespace {
 
 const QString kElencorekord = QStringLiteral("elencorekord");
 const QString kEliminapuntegg = QStringLiteral("eliminapuntegg");
+const QString kImpmat = QStringLiteral("impmat");
 const QString kMaxel = QStringLiteral("maxel");
 const QString kNorec = QStringLiteral("norec");
 const QString kRicparz = QStringLiteral("ricparz");
@@ -67,14 +67,14 @@ SearchPanel::SearchPanel(const SearchParts& parts, QWidget* form) :
 
 void SearchPanel::connectMenu()
 {
-    const std::pair<const QString&, void (SearchPanel::*)()> handlers[] = {
-        {kRictot, &SearchPanel::rictot_Click}, {kRicparz, &SearchPanel::ricparz_Click},
-        {kNorec, &SearchPanel::norec_Click},   {kEliminapuntegg, &SearchPanel::eliminapuntegg_Click},
-        {kUnirek, &SearchPanel::unirek_Click}, {kElencorekord, &SearchPanel::elencorekord_Click},
-        {kSort, &SearchPanel::sort_Click},     {kMaxel, &SearchPanel::maxel_Click},
-    };
-    for (const auto& [item, click] : handlers)
-        parts_.menu.onClick(item, [this, handler = click] { (this->*handler)(); });
+    parts_.menu.onClicks<SearchPanel>(*this, {{kRictot, &SearchPanel::rictot_Click},
+                                              {kRicparz, &SearchPanel::ricparz_Click},
+                                              {kNorec, &SearchPanel::norec_Click},
+                                              {kEliminapuntegg, &SearchPanel::eliminapuntegg_Click},
+                                              {kUnirek, &SearchPanel::unirek_Click},
+                                              {kElencorekord, &SearchPanel::elencorekord_Click},
+                                              {kSort, &SearchPanel::sort_Click},
+                                              {kMaxel, &SearchPanel::maxel_Click}});
     for (int i = 1; i <= kSearchModes; ++i)
         parts_.menu.onClick(modeItem(i), [this, i] { ric_Click(i); });
 }
@@ -214,6 +214,8 @@ void SearchPanel::Text2_KeyPress(int index)
 {
     const FieldBox* box = parts_.recordView.Text2(index);
     if (isSearching() || !box || box->text().isEmpty()) return;
+    // Fields are being chosen for something else; those of the search are out of sight.
+    if (parts_.menu.isTicked(kImpmat)) return;
     const FieldList& selection = parts_.selections.searchSelection;
     if (selection.empty()) emit fieldChosen(index);
     if (selection.empty()) return;

@@ -56,7 +56,7 @@ public:
     /// Has one that wants to see what is found take part in all searches; it must outlive the panel.
     void addConsumer(SearchConsumer& consumer) { driver_.addConsumer(consumer); }
 
-    /// Ends a search at once because the window closes.
+    /// Ends a search at once because the window closes or another file is opened.
     void abandon();
 
     /// Part of the window's `cancella`: no hits.

@@ -1,5 +1,6 @@
 #include "search/SearchRun.h"
 
+#include <QElapsedTimer>
 #include <exception>
 
 #include "base/RuntimeError.h"
@@ -11,28 +12,22 @@ namespace {
 /// Records, or lines, between two looks at the clock.
 constexpr RecordNumber kStep = 1000;
 
-/// Milliseconds that the window waits for a slice, and those between two showings of the progress.
-constexpr qint64 kSlice = 30;
-constexpr qint64 kProgress = 50;
-
 }  // namespace
 
 SearchRun::SearchRun(SearchDriver& driver, QWidget& stopControl, QObject* parent) :
     QObject(parent),
     driver_(driver),
-    gate_(stopControl, this)
+    timer_(stopControl, this)
 {
-    connect(&timer_, &QTimer::timeout, this, &SearchRun::slice);
-    connect(&gate_, &InputGate::escapePressed, this, &SearchRun::stop);
+    connect(&timer_, &SliceTimer::slice, this, &SearchRun::slice);
+    connect(&timer_, &SliceTimer::escapePressed, this, &SearchRun::stop);
 }
 
 void SearchRun::start()
 {
     running_ = true;
     refused_ = false;
-    sinceProgress_.start();
-    gate_.close();
-    timer_.start(0);
+    timer_.start();
 }
 
 void SearchRun::stop()
@@ -44,7 +39,6 @@ void SearchRun::abandon()
 {
     if (!running_) return;
     timer_.stop();
-    gate_.open();
     running_ = false;
     driver_.abandon();
     driver_.hits().clear();
@@ -61,7 +55,7 @@ void SearchRun::slice()
     QElapsedTimer time;
     time.start();
     try {
-        while (driver_.state() == SearchDriver::State::running && time.elapsed() < kSlice)
+        while (driver_.state() == SearchDriver::State::running && time.elapsed() < SliceTimer::kSlice)
             driver_.advance(kStep);
         if (driver_.state() == SearchDriver::State::atHit) pauseAtHit();
     } catch (const std::exception&) {
@@ -71,8 +65,7 @@ void SearchRun::slice()
     if (!running_) return;
     if (driver_.state() == SearchDriver::State::idle) {
         finish();
-    } else if (sinceProgress_.elapsed() >= kProgress) {
-        sinceProgress_.restart();
+    } else if (timer_.isProgressDue()) {
         emit progressed();
     }
 }
@@ -95,18 +88,15 @@ void SearchRun::pauseAtHit()
 void SearchRun::rest(const std::function<void()>& box)
 {
     timer_.stop();
-    gate_.open();
     box();
     // The window may have been closed meanwhile.
     if (!running_) return;
-    gate_.close();
-    timer_.start(0);
+    timer_.start();
 }
 
 void SearchRun::finish()
 {
     timer_.stop();
-    gate_.open();
     running_ = false;
     emit finished(refused_);
 }

@@ -1,20 +1,18 @@
 /// Lets a search run in the window: a slice at a time, between which the window lives on.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 #include <functional>
 
-#include "search/InputGate.h"
 #include "search/SearchDriver.h"
+#include "search/SliceTimer.h"
 
 namespace quorvin {
 
 class RuntimeError;
 
-/// Pulls the driver from a timer. No other input is acted on meanwhile; Esc or the stop control ends the
-/// search as if its last record had been reached.
+/// Pulls the driver slice by slice. Esc or the stop control ends the search as if its last record had been
+/// reached.
 class SearchRun : public QObject {
     Q_OBJECT
 
@@ -26,7 +24,7 @@ public:
     bool isRunning() const { return running_; }
     /// Ends the search with what it has found; a list is still put in order, unless this is called once more.
     void stop();
-    /// Ends it at once, for good: the hits are given up, nothing is shown any more.
+    /// Ends it at once, for good: hits and files are given up, nothing is shown any more.
     void abandon();
 
     /// Shows the hit that the search pauses at and asks whether to go on. Raises what showing it raises.
@@ -47,9 +45,7 @@ private:
     void finish();
 
     SearchDriver& driver_;
-    InputGate gate_;
-    QTimer timer_;
-    QElapsedTimer sinceProgress_;
+    SliceTimer timer_;
     bool running_ = false;
     bool refused_ = false;
 };

@@ -18,6 +18,7 @@ const QString kSearchDone = QStringLiteral("  ...fine ricerca");
 const QString kUsualMode = QStringLiteral(" ricerca     *abcdef*");
 
 constexpr int kProgressSteps = 1000;
+constexpr int kNoticeWidth = 320;
 constexpr int kProgressWidth = 140;
 
 /// Milliseconds that a search may take before it shows its progress.
@@ -36,6 +37,7 @@ SearchStatus::SearchStatus(QWidget* parent) : QWidget(parent)
     layout->setStretchFactor(Label8, 1);
     // Long criteria are cut by the window's edge rather than widening the window.
     Label8->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    notice_ = addLabel(QStringLiteral("searchNotice"), QStringLiteral("file scritto dalla ricerca"));
     Label16 = addLabel(QStringLiteral("Label16"), QStringLiteral("stato della ricerca"));
     addProgress();
     reset();
@@ -52,7 +54,7 @@ void SearchStatus::addProgress()
     stop_ = new QToolButton(this);
     stop_->setObjectName(QStringLiteral("searchStop"));
     stop_->setText(QStringLiteral("ferma"));
-    stop_->setToolTip(QStringLiteral("ferma la ricerca (Esc)"));
+    stop_->setToolTip(QStringLiteral("ferma (Esc)"));
     stop_->setFocusPolicy(Qt::NoFocus);
     connect(stop_, &QToolButton::clicked, this, &SearchStatus::stopRequested);
     layout()->addWidget(progress_);
@@ -78,6 +80,7 @@ void SearchStatus::cancella()
 {
     showHits(0);
     showCriteria({});
+    showNotice({});
     hideState();
 }
 
@@ -109,9 +112,17 @@ void SearchStatus::showCriteria(const QString& criteria)
     Label8->setToolTip(criteria.isEmpty() ? Label8->accessibleName() : criteria);
 }
 
+void SearchStatus::showNotice(const QString& text)
+{
+    // A long file name must not widen the window.
+    notice_->setText(notice_->fontMetrics().elidedText(text, Qt::ElideMiddle, kNoticeWidth));
+    notice_->setToolTip(text.isEmpty() ? notice_->accessibleName() : text);
+}
+
 void SearchStatus::showRunning()
 {
     showRunning(kSearching);
+    showNotice({});
 }
 
 void SearchStatus::showRunning(const QString& state)

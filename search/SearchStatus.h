@@ -27,6 +27,8 @@ public:
     void showMode(const QString& caption);
     void showHits(double count);
     void showCriteria(const QString& criteria);
+    /// What else the search has done, beside its results until the next one.
+    void showNotice(const QString& text);
 
     /// A search runs; it is over.
     void showRunning();
@@ -52,6 +54,7 @@ private:
     QLabel* Label3;
     QLabel* Label8;
     QLabel* Label16;
+    QLabel* notice_;
     QProgressBar* progress_;
     QToolButton* stop_;
     QElapsedTimer running_;

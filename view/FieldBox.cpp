@@ -63,6 +63,8 @@ void FieldBox::keyPressEvent(QKeyEvent* event)
         emit clicked();
         return;
     }
+    // Held down, Enter is pressed once.
+    if (event->isAutoRepeat() && event->matches(QKeySequence::InsertParagraphSeparator)) return;
     QLineEdit::keyPressEvent(event);
 }
 

@@ -4,6 +4,8 @@
 
 #include <QString>
 #include <functional>
+#include <initializer_list>
+#include <utility>
 
 namespace quorvin {
 
@@ -31,6 +33,13 @@ public:
     virtual QString caption(const QString& name) const = 0;
     /// Has `handler` run at each click on an item. Handlers set the tick themselves.
     virtual void onClick(const QString& name, const std::function<void()>& handler) = 0;
+    /// The same for several items and methods of one object.
+    template<class Owner>
+    void onClicks(Owner& owner, std::initializer_list<std::pair<QString, void (Owner::*)()>> handlers)
+    {
+        for (const auto& [name, click] : handlers)
+            onClick(name, [&owner, handler = click] { (owner.*handler)(); });
+    }
 };
 
 }  // namespace quorvin

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSlider>
 #include <QWheelEvent>
@@ -198,6 +199,8 @@ void RecordView::keepBox(int n, const ColourPair& colours)
     if (!Text2(n)) return;
     highlight(n, colours);
     field(n).kept = true;
+    // The focus goes on to the next box; the form must not move away under the pointer for it.
+    const QScopedValueRollback<bool> still(still_, field(n).Text2->underMouse());
     enableBoxes();
 }
 
@@ -324,7 +327,7 @@ void RecordView::wheelEvent(QWheelEvent* event)
 
 bool RecordView::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::FocusIn) {
+    if (event->type() == QEvent::FocusIn && !still_) {
         if (const auto* box = qobject_cast<FieldBox*>(watched)) scrollTo(*box);
     }
     return QWidget::eventFilter(watched, event);

@@ -114,6 +114,7 @@ private:
     int fieldCount_ = 0;
     bool fileColours_ = false;
     bool allKept_ = false;  ///< a mode keeps all boxes
+    bool still_ = false;    ///< the box with the focus is not brought into sight
     int lift_ = 0;          ///< lines that the fields are moved up beyond what VScroll1 does
     QColor labelColour_;
     FormScale scale_;

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <algorithm>
 
 #include "tests/support/WindowTest.h"
 
@@ -59,24 +62,62 @@ protected:
         return QString::fromStdString((folder_.path() / name).string());
     }
     QString menuCaption(const char* menu) { return item(menu).text().remove(QLatin1Char('&')); }
-    void expectDisabled(const std::vector<const char*>& items, bool disabled)
-    {
-        for (const char* name : items)
-            EXPECT_NE(item(name).isEnabled(), disabled) << name;
-    }
 
     const QString separator_ = QString(78, QLatin1Char('<')) + text("\n");
 };
 
+TEST_F(OutputPanelTest, ModesShowWhatTheyAreAndRestoreWhatTheyDisable)
+{
+    struct Case {
+        const char* mode;
+        const char* menu;
+        const char* caption;
+        const char* usual;
+        std::vector<const char*> disabled;
+        std::vector<const char*> unticked;
+    };
+    const std::vector<const char*> printing = {"impmat",    "stat",       "esporta",
+                                               "documento", "impostadoc", "preferenze"};
+    for (const Case& c :
+         {Case{"impmat",
+               "stampa",
+               "IMPOSTA MATRICE",
+               " Stampa",
+               {"opz", "stamp1", "stamp2", "stat"},
+               {"unirek"}},
+          Case{"stamp1", "stampa", "STAMPA REKORD", " Stampa", printing, {"stamp2"}},
+          Case{"stamp2", "stampa", "STAMPA RICERCA", " Stampa", printing, {"stamp1"}},
+          Case{"creamat1", "esporta", "ESPORTA/IMPORTA", "Esporta/Importa", {}, {"creamat2", "creamatutto"}},
+          Case{"creamat2", "esporta", "ESPORTA/IMPORTA", "Esporta/Importa", {}, {"creamat1", "creamatutto"}},
+          Case{"creamatutto",
+               "esporta",
+               "ESPORTA/IMPORTA",
+               "Esporta/Importa",
+               {},
+               {"creamat1", "creamat2"}}}) {
+        for (const char* other : c.unticked) {
+            item(other).setChecked(true);
+            choose(c.mode);
+            EXPECT_FALSE(item(other).isChecked()) << c.mode << " unticks " << other;
+            EXPECT_EQ(menuCaption(c.menu), text(c.caption));
+            EXPECT_EQ(control("Check1").isEnabled(), c.mode != std::string("impmat"));
+            EXPECT_EQ(control("Frame3").isEnabled(), c.mode != std::string("stamp1"));
+            for (const char* disabled : c.disabled)
+                EXPECT_FALSE(item(disabled).isEnabled()) << c.mode << ", " << disabled;
+            choose(c.mode);
+            EXPECT_EQ(menuCaption(c.menu), text(c.usual));
+            EXPECT_TRUE(control("Check1").isEnabled() && control("Frame3").isEnabled());
+            for (const char* disabled : c.disabled) {
+                const bool built = std::string(disabled).find("doc") == std::string::npos;
+                EXPECT_EQ(item(disabled).isEnabled(), built) << c.mode << ", " << disabled;
+            }
+        }
+    }
+}
+
 TEST_F(OutputPanelTest, AMatrixIsChosenKeptAndReadBack)
 {
-    const std::vector<const char*> others = {"opz", "stamp1", "stamp2", "stat"};
-    choose("unirek");
     choose("impmat");
-    EXPECT_EQ(menuCaption("stampa"), text("IMPOSTA MATRICE"));
-    EXPECT_FALSE(item("unirek").isChecked());
-    expectDisabled(others, true);
-    EXPECT_FALSE(control("Check1").isEnabled());
     click("Text2(3)");
     click("Text2(1)");
     EXPECT_FALSE(control("Text2(3)").isEnabled());
@@ -84,13 +125,13 @@ TEST_F(OutputPanelTest, AMatrixIsChosenKeptAndReadBack)
     EXPECT_EQ(background("Text2(3)"), QColor(0, 0x80, 0));
     click("Command3");
     EXPECT_FALSE(control("Text2(3)").isEnabled()) << "chosen once while the mode lasts";
+    type("Text2(2)", text("x"));
+    enter("Text2(2)");
     EXPECT_FALSE(fs::exists(matrixFile()));
 
     choose("impmat");
-    EXPECT_EQ(menuCaption("stampa"), text(" Stampa"));
     EXPECT_TRUE(control("Text2(3)").isEnabled());
-    expectDisabled(others, false);
-    EXPECT_TRUE(control("Check1").isEnabled());
+    EXPECT_EQ(value(2), QString());
     EXPECT_NE(background("Text2(3)"), QColor(0, 0x80, 0));
     EXPECT_EQ(bytesOf(matrixFile()), " 3\r\n 1\r\n\r\n 0\r\n\"\"\r\n");
 
@@ -99,6 +140,12 @@ TEST_F(OutputPanelTest, AMatrixIsChosenKeptAndReadBack)
     EXPECT_FALSE(fs::exists(matrixFile())) << "nothing chosen, nothing written";
     choose("stamp1");
     EXPECT_TRUE(dialogs_.messages.isEmpty()) << "the old choice is in force";
+    choose("stamp1");
+    choose("impmat");
+    dialogs_.typed = text("2");
+    choose("margstamp");
+    choose("impmat");
+    EXPECT_EQ(bytesOf(matrixFile()), " 3\r\n 1\r\n\r\n 2\r\n\"\"\r\n");
 }
 
 TEST_F(OutputPanelTest, HeaderAndMarginAreAskedForAndKept)
@@ -143,12 +190,10 @@ TEST_F(OutputPanelTest, HeaderAndMarginAreAskedForAndKept)
 TEST_F(OutputPanelTest, AnIntervalOfRecords)
 {
     chooseMatrix({1, 3});
-    choose("ricparz");
+    choose("elencorekord");
+    search({{1, "v"}});
     choose("stamp1");
-    const std::vector<const char*> others = {"impmat", "preferenze", "stat", "esporta"};
-    expectDisabled(others, true);
-    EXPECT_EQ(menuCaption("stampa"), text("STAMPA REKORD"));
-    EXPECT_FALSE(control("Frame3").isEnabled());
+    EXPECT_FALSE(control("Label16").isVisible());
     EXPECT_FALSE(control("Text2(1)").isEnabled());
     EXPECT_EQ(form_->focusWidget(), &control("Text8"));
     type("Text9", text("99"));
@@ -175,11 +220,19 @@ TEST_F(OutputPanelTest, AnIntervalOfRecords)
     click("Text8");
     EXPECT_EQ(control<QLineEdit>("Text8").text(), QString());
 
+    printInterval("1", "1");
+    const QString before = printed();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, text("\r"), true);
+    QApplication::sendEvent(&control("Text5"), &held);
+    EXPECT_EQ(printed(), before) << "Enter held down in the box before";
     choose("stamp1");
-    expectDisabled(others, false);
     EXPECT_TRUE(control("Text2(1)").isEnabled());
-    EXPECT_TRUE(control("Frame3").isEnabled());
+    EXPECT_EQ(form_->focusWidget(), &control("Command1"));
+    EXPECT_EQ(caption("Label8"), QString());
     EXPECT_FALSE(control("Frame8").isVisible());
+    EXPECT_TRUE(control("Text5").isVisible()) << "what was printed stays until it is closed";
+    QTest::keyClick(&control("Command1"), Qt::Key_Escape);
+    EXPECT_FALSE(control("Text5").isVisible());
     EXPECT_TRUE(dialogs_.messages.isEmpty());
 }
 
@@ -188,9 +241,9 @@ TEST_F(OutputPanelTest, ASearchIsPrintedWithListAndInSteps)
     choose("stamp1");
     EXPECT_EQ(dialogs_.messages, QStringList(text(" Attenzione !! Matrice di stampa vuota")));
     choose("stamp2");
-    EXPECT_FALSE(item("stamp1").isChecked());
+    EXPECT_EQ(dialogs_.messages.size(), 2);
     EXPECT_TRUE(control("Text2(1)").isEnabled());
-    EXPECT_EQ(menuCaption("stampa"), text("STAMPA RICERCA"));
+    EXPECT_EQ(form_->focusWidget(), &control("Command1")) << "not in the text";
     choose("stamp2");
     chooseMatrix({1});
     dialogs_.typed = text("ELENCO");
@@ -208,6 +261,9 @@ TEST_F(OutputPanelTest, ASearchIsPrintedWithListAndInSteps)
     enter("Text2(2)");
     EXPECT_EQ(printed(),
               text("ELENCO      da rekord: 2  a rekord: 3\nNome: Bruni \n") + separator_ + text(" 2.RO   1"));
+    type("Text4", text("4"));
+    enter("Text2(2)");
+    EXPECT_EQ(printed(), text("ELENCO      da rekord: 2  a rekord: 4\n")) << "nothing of the search before";
     choose("rictot");
     choose("elencorekord");
     dialogs_.yesAnswers = 1;
@@ -215,10 +271,11 @@ TEST_F(OutputPanelTest, ASearchIsPrintedWithListAndInSteps)
     EXPECT_EQ(dialogs_.messages.size(), 2);
     EXPECT_EQ(printed(), text("ELENCO\nNome: Verdi \n") + separator_ + text(" 2.RO   2"))
         << "the refused hit is counted, but not printed";
-    choose("stamp2");
-    EXPECT_TRUE(control("Text5").isVisible()) << "what was printed stays until it is closed";
     QTest::keyClick(&control("Text5"), Qt::Key_Escape);
-    EXPECT_FALSE(control("Text5").isVisible());
+    EXPECT_TRUE(control("Text5").isVisible()) << "the mode is on";
+    choose("stamp2");
+    choose("stamp2");
+    EXPECT_EQ(printed(), QString());
 }
 
 TEST_F(OutputPanelTest, AMatrixForOtherFieldsIsReported)
@@ -242,9 +299,10 @@ TEST_F(OutputPanelTest, PrintingToAFileAndWithoutAPrinter)
     chooseMatrix({1});
     choose("stamp1");
     printInterval("1", "2");
-    dialogs_.font = QFont(text("DejaVu Sans Mono"), 7);
+    dialogs_.font = QFont(text("DejaVu Sans Mono"), 7, QFont::Bold, true);
     choose("prefstamp");
-    EXPECT_EQ(control("Text5").font().pointSize(), 7);
+    const QFont font = control("Text5").font();
+    EXPECT_TRUE(font.pointSize() == 7 && font.bold() && font.italic());
     dialogs_.pdf = inFolder("none/out.pdf");
     choose("impoststamp");
     click("Command4");
@@ -258,6 +316,7 @@ TEST_F(OutputPanelTest, PrintingToAFileAndWithoutAPrinter)
     const std::string pdf = bytesOf(folder_.path() / "out.pdf");
     EXPECT_TRUE(pdf.starts_with("%PDF"));
     EXPECT_NE(pdf.find("/Count 1"), std::string::npos);
+    EXPECT_NE(pdf.find("DejaVuSansMono-BoldOblique"), std::string::npos);
     click("Command4");
     ASSERT_EQ(dialogs_.messages.size(), 1);
     EXPECT_TRUE(dialogs_.messages[0].startsWith(text("Attenzione!!il file ")));
@@ -269,6 +328,11 @@ TEST_F(OutputPanelTest, PrintingToAFileAndWithoutAPrinter)
     click("Command4");
     const std::string pages = bytesOf(folder_.path() / "long.pdf");
     EXPECT_EQ(pages.find("/Count 1\n"), std::string::npos);
+    choose("stamp1");
+    QTest::keyClick(&control("Text5"), Qt::Key_Escape);
+    fs::remove(folder_.path() / "long.pdf");
+    click("Command4");
+    EXPECT_FALSE(fs::exists(folder_.path() / "long.pdf")) << "nothing is in sight";
 }
 
 TEST_F(OutputPanelTest, NewFilesOfEachKind)
@@ -285,19 +349,22 @@ TEST_F(OutputPanelTest, NewFilesOfEachKind)
              Case{"creamatutto", "Bruni Roma66!\r\nRossi Bari65?\r\n"},
          }) {
         choose(c.mode);
-        EXPECT_EQ(menuCaption("esporta"), text("ESPORTA/IMPORTA"));
         dialogs_.filesToSave = QStringList(inFolder("new.rec"));
         dialogs_.yesAnswers = 1;
         search({{3, "6"}});
         const std::string bytes = bytesOf(folder_.path() / "new.rec");
         EXPECT_TRUE(bytes.ends_with(c.written)) << c.mode << '\n' << bytes;
         EXPECT_TRUE(dialogs_.askedNames.last().endsWith(text("/prova.Sel.rec")));
+        EXPECT_EQ(caption("searchNotice"), text("new.rec: rekord scritti 2"));
         click("Command3");
     }
-    EXPECT_FALSE(item("creamat1").isChecked()) << "one mode at a time";
     EXPECT_EQ(dialogs_.messages.size(), 2) << "the second and the third time the file was there";
+    EXPECT_EQ(dialogs_.icon, BoxIcon::exclamation);
+    fs::remove(folder_.path() / "new.rec");
     choose("creamatutto");
-    EXPECT_EQ(menuCaption("esporta"), text("Esporta/Importa"));
+    search({{3, "6"}});
+    EXPECT_FALSE(fs::exists(folder_.path() / "new.rec")) << "the mode is off";
+    EXPECT_EQ(caption("searchNotice"), QString());
 
     // Step by step, and printed too.
     choose("elencorekord");
@@ -326,7 +393,8 @@ TEST_F(OutputPanelTest, FilesThatAreNotWritten)
     enter("Text2(2)");
     EXPECT_EQ(dialogs_.messages,
               QStringList(QString::fromUtf8("!Errore!! non è possibile sostituire il file origine!! ")));
-    EXPECT_EQ(dialogs_.askedNames.size(), 2) << "asked again, then cancelled";
+    ASSERT_EQ(dialogs_.askedNames.size(), 2) << "asked again, then cancelled";
+    EXPECT_TRUE(dialogs_.askedNames[1].endsWith(QLatin1Char('/')));
     EXPECT_FALSE(item("creamatutto").isChecked());
     EXPECT_EQ(caption("Label3"), text(" 2")) << "the search runs without writing";
     EXPECT_EQ(bytesOf(file()), source);
@@ -347,6 +415,22 @@ TEST_F(OutputPanelTest, FilesThatAreNotWritten)
     dialogs_.filesToSave = QStringList(inFolder("none/new.rec"));
     enter("Text2(2)");
     EXPECT_EQ(dialogs_.messages, QStringList(text("!Errore!! Impossibile trovare il percorso")));
+}
+
+TEST_F(OutputPanelTest, LongFieldsAreCutForEpiData)
+{
+    open(test::rec({{.length = 100}}).record({std::string(100, 'x')}));
+    choose("elencorekord");
+    for (const std::size_t length : {100U, 80U}) {
+        choose("creamatutto");
+        dialogs_.filesToSave = QStringList(inFolder("new.rec"));
+        dialogs_.yesAnswers = 1;
+        search({{1, "x"}});
+        const std::string bytes = bytesOf(folder_.path() / "new.rec");
+        EXPECT_EQ(std::count(bytes.begin(), bytes.end(), 'x'), length);
+        choose("compEpidat");
+        choose("creamatutto");
+    }
 }
 
 TEST_F(OutputPanelTest, ClosingTheWindowGivesANewFileUp)
@@ -371,8 +455,7 @@ TEST_F(OutputPanelTest, AnotherFileLeavesEveryMode)
     for (const char* mode : {"impmat", "stamp1", "stamp2", "creamat1"}) {
         choose(mode);
         openFile(file());
-        EXPECT_FALSE(item(mode).isChecked());
-        EXPECT_EQ(menuCaption("stampa"), text(" Stampa")) << mode;
+        EXPECT_FALSE(item(mode).isChecked()) << mode;
         EXPECT_TRUE(control("Text2(1)").isEnabled()) << mode;
         EXPECT_FALSE(control("printFrame").isVisible()) << mode;
         EXPECT_TRUE(item("impmat").isEnabled()) << mode;

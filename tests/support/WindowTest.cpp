@@ -12,14 +12,15 @@
 
 namespace quorvin::test {
 
-void ScriptedDialogs::message(BoxIcon icon, const QString& text)
+void ScriptedDialogs::message(BoxIcon shown, const QString& text)
 {
+    icon = shown;
     messages.append((icon == BoxIcon::critical ? QStringLiteral("!") : QString()) + text);
 }
 
-bool ScriptedDialogs::question(BoxIcon icon, const QString& text, const QString& title)
+bool ScriptedDialogs::question(BoxIcon shown, const QString& text, const QString& title)
 {
-    message(icon, title + text);
+    message(shown, title + text);
     whileAsking();
     return yesAnswers-- > 0;
 }

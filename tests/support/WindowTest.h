@@ -27,8 +27,9 @@ public:
     std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
     bool setUpPrinter(QPrinter& printer) override;
 
-    QStringList messages;  ///< texts of the boxes, "!" before critical ones
-    int yesAnswers = 0;    ///< questions answered with Yes; all others with No
+    BoxIcon icon = BoxIcon::information;  ///< of the last box
+    QStringList messages;                 ///< texts of the boxes, "!" before critical ones
+    int yesAnswers = 0;                   ///< questions answered with Yes; all others with No
     std::function<void()> whileAsking = [] {};
     QString fileToOpen;  ///< empty: cancel
     QString askedFilter;
