@@ -48,7 +48,7 @@ RuntimeError lastSystemError()
 
 RuntimeError lastWriteError()
 {
-    const RuntimeError error = lastSystemError();
+    RuntimeError error = lastSystemError();
     switch (error.number()) {
     case ErrorNumber::permissionDenied:
         return RuntimeError(ErrorNumber::accessError);

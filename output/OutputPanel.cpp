@@ -190,9 +190,17 @@ void OutputPanel::Text9_Click()
 
 void OutputPanel::Text9_Change()
 {
-    const RecordNumber count = parts_.recFile.recordCount();
-    if (frame_->Frame8().range().to.value_or(0) > static_cast<double>(count))
-        frame_->Frame8().to->setText(QString::number(count));
+    const auto isBeyond = [this] {
+        return frame_->Frame8().range().to.value_or(0) > static_cast<double>(parts_.recFile.recordCount());
+    };
+    if (!isBeyond()) return;
+    try {
+        // There may be more by now.
+        parts_.navigator.recount();
+    } catch (const std::exception&) {
+        emit hint(fromUtf8Text(currentError().description()));
+    }
+    if (isBeyond()) frame_->Frame8().to->setText(QString::number(parts_.recFile.recordCount()));
 }
 
 void OutputPanel::Text9_KeyPress()
