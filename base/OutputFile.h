@@ -58,7 +58,7 @@ public:
 private:
     using Handle = std::intptr_t;
     static constexpr Handle kNone = -1;
-    static constexpr std::size_t kBufferBytes = std::size_t{1} << 18;
+    static constexpr std::size_t kBufferBytes = std::size_t{1} << 17;
 
     void writeOn(std::string_view bytes);
     void flush();

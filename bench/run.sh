@@ -54,14 +54,19 @@ rg -c -i	rg -c -i -a --no-config '(?-u)Fr\\xe9zet' $file}
 COMMANDS
     echo
     new=$data/new.rec
+    old=$data/old.rec
+    one=$data/one.rec
+    crea="$bin/quorvin-cli crea $file --quiet --sovrascrivi -c"
+    $crea 'COGNOME= ' --ricerca -o "$one"
+    $crea 'COGNOME= ' --tutto -o "$old"
+    # What replaces a file is on the disk when the program ends; a copy is not.
     "$bin/compare" <<COMMANDS
-cp	cp $file $new
-quorvin-cli crea, every record, all fields	$bin/quorvin-cli crea $file -c 'COGNOME= ' -o $new --tutto --sovrascrivi
+cp	cp $file $new; rm $new
+quorvin-cli crea, every record, all fields	$crea 'COGNOME= ' --tutto -o $new; rm $new
+cp over a file	cp $file $old
+the same over a file	$crea 'COGNOME= ' --tutto -o $old
+cp of one field's file	cp $one $new; rm $new
+quorvin-cli crea, every record, one field	$crea 'COGNOME= ' --ricerca -o $new; rm $new
 COMMANDS
-    rm -f "$new"
-    "$bin/compare" <<COMMANDS
-cp, and away with it	cp $file $new; rm $new
-quorvin-cli crea, all fields, and away with it	$bin/quorvin-cli crea $file -c 'COGNOME= ' -o $new --tutto; rm $new
-quorvin-cli crea, one field	$bin/quorvin-cli crea $file -c 'COGNOME= ' -o $new --ricerca; rm $new
-COMMANDS
+    rm -f "$old" "$one"
 done
