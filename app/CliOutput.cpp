@@ -1,7 +1,6 @@
 #include "app/CliOutput.h"
 
 #include <algorithm>
-#include <csignal>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -22,12 +21,6 @@ namespace quorvin {
 
 namespace {
 
-#ifdef SIGHUP
-constexpr int kEndings[] = {SIGINT, SIGTERM, SIGHUP};
-#else
-constexpr int kEndings[] = {SIGINT, SIGTERM};
-#endif
-
 /// The matrix beside the file; one that cannot be read is said and does no harm.
 PrintMatrix matrixOf(const RecFile& file)
 {
@@ -40,24 +33,22 @@ PrintMatrix matrixOf(const RecFile& file)
     return matrix;
 }
 
-/// Set when the user, or the system, wants the program to end.
-volatile std::sig_atomic_t interrupted = 0;
-
-/// Searches without any list; returns the number of hits. An interruption ends it like an error, so that
-/// nothing half written is left.
+/// Searches without any list; returns the number of hits. A request to end the program ends it like an error,
+/// so that nothing half written is left.
 double searchInto(SearchConsumer& consumer, RecFile& file, const CliSearchOptions& options)
 {
-    for (const int signal : kEndings)
-        std::signal(signal, [](int) { interrupted = 1; });
+    noteEndings();
     SearchDriver driver(file);
     driver.addConsumer(consumer);
     SearchQuery query = queryFrom(options, file);
     query.unlisted = true;
     query.sort = false;
-    runSearch(driver, query, file, [&driver](SearchDriver::State) {
-        if (interrupted) driver.abandon();
+    bool broken = false;
+    runSearch(driver, query, file, [&](SearchDriver::State state) {
+        broken = isToEnd() && state != SearchDriver::State::idle;
+        if (broken) driver.abandon();
     });
-    if (interrupted) fail("interrotto");
+    if (broken) fail("interrotto");
     return driver.hitCount();
 }
 

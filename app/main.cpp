@@ -32,6 +32,18 @@ QSize firstSize()
         .boundedTo(screen - kFrame);
 }
 
+/// Ends the program when the system asks for it; a file being written is given up then.
+void endWhenAsked(QObject* parent)
+{
+    constexpr int kMilliseconds = 200;
+    quorvin::noteEndings();
+    auto* timer = new QTimer(parent);
+    QObject::connect(timer, &QTimer::timeout, parent, [] {
+        if (quorvin::isToEnd()) QCoreApplication::exit(kFailed);
+    });
+    timer->start(kMilliseconds);
+}
+
 /// Qt's own dialogs in Italian.
 void loadTranslation(QTranslator& translator)
 {
@@ -94,6 +106,7 @@ int main(int argc, char** argv)
     form.show();
     if (!parser.positionalArguments().isEmpty()) form.openFile(parser.positionalArguments().constFirst());
     if (parser.isSet(record)) form.goToRecord(parser.value(record));
+    endWhenAsked(&form);
     if (unattended) pictureAndQuit(form, terminal, parser.value(picture));
     return QApplication::exec();
 }

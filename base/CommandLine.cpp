@@ -33,6 +33,30 @@ std::vector<std::string> utf8Arguments(int argc, char** argv)
 
 #endif
 
+namespace {
+
+volatile std::sig_atomic_t endingAsked = 0;
+
+#ifdef SIGHUP
+constexpr int kEndings[] = {SIGINT, SIGTERM, SIGHUP};
+#else
+constexpr int kEndings[] = {SIGINT, SIGTERM};
+#endif
+
+}  // namespace
+
+void noteEndings()
+{
+    for (const int signal : kEndings) {
+        if (std::signal(signal, [](int) { endingAsked = 1; }) == SIG_IGN) std::signal(signal, SIG_IGN);
+    }
+}
+
+bool isToEnd()
+{
+    return endingAsked != 0;
+}
+
 void surviveSizeLimits()
 {
 #ifdef SIGXFSZ

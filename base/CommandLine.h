@@ -12,6 +12,11 @@ namespace quorvin {
 /// system.
 std::vector<std::string> utf8Arguments(int argc, char** argv);
 
+/// Has the system's requests to end the program (Ctrl-C and the like) noted instead of obeyed, so that
+/// nothing half written is left; those that were ignored stay so. Whether there was one.
+void noteEndings();
+bool isToEnd();
+
 /// Has writing beyond the size that the system allows a file fail, as on a full disk, instead of ending the
 /// program.
 void surviveSizeLimits();

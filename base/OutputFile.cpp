@@ -36,7 +36,8 @@ constexpr int kMostLinks = 40;
 /// The file that is to be written.
 struct Target {
     fs::path name;                         ///< where it stands, links followed
-    std::optional<FileIdentity> identity;  ///< of the file that is there
+    RawHandle held = kNoHandle;            ///< the file that is there, open
+    std::optional<FileIdentity> identity;  ///< and what it is
 };
 
 #ifdef _WIN32
@@ -79,11 +80,11 @@ fs::path finalName(HANDLE handle, const fs::path& name)
 Target targetOf(const fs::path& name)
 {
     const HANDLE handle = openThere(name, GENERIC_WRITE);
-    if (handle == INVALID_HANDLE_VALUE) return {name, {}};
-    const Target target{finalName(handle, name), identityOf(handle)};
+    if (handle == INVALID_HANDLE_VALUE) return {name, kNoHandle, {}};
+    Target target{finalName(handle, name), reinterpret_cast<RawHandle>(handle), identityOf(handle)};
+    if (target.identity) return target;
     CloseHandle(handle);
-    if (!target.identity) throw RuntimeError(ErrorNumber::accessError);
-    return target;
+    throw RuntimeError(ErrorNumber::accessError);
 }
 
 std::optional<FileIdentity> identityAt(const fs::path& name)
@@ -144,6 +145,12 @@ fs::file_status statusOf(const fs::path& name, bool follow)
     throw lastWriteError();
 }
 
+std::optional<FileIdentity> identityOf(const struct stat& status)
+{
+    if (!S_ISREG(status.st_mode)) return {};
+    return FileIdentity{static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+}
+
 /// Nothing where there is no file; the identity of none for what is no regular file.
 std::optional<FileIdentity> identityAt(const fs::path& name)
 {
@@ -152,8 +159,7 @@ std::optional<FileIdentity> identityAt(const fs::path& name)
         if (errno == ENOENT || errno == ENOTDIR) return {};
         throw lastWriteError();
     }
-    if (!S_ISREG(status.st_mode)) return FileIdentity{};
-    return FileIdentity{static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+    return identityOf(status).value_or(FileIdentity{});
 }
 
 Target targetOf(fs::path name)
@@ -163,12 +169,16 @@ Target targetOf(fs::path name)
         name = name.parent_path() / fs::read_symlink(name);
     }
     const fs::file_status status = statusOf(name, true);
-    if (!fs::exists(status)) return {name, {}};
+    if (!fs::exists(status)) return {name, kNoHandle, {}};
     if (!fs::is_regular_file(status)) throw RuntimeError(ErrorNumber::accessError);
     const int descriptor = ::open(name.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) throw lastWriteError();
+    struct stat there {};
+    const bool known = ::fstat(descriptor, &there) == 0;
+    Target target{name, descriptor, known ? identityOf(there) : std::nullopt};
+    if (target.identity) return target;
     ::close(descriptor);
-    return {name, identityAt(name)};
+    throw RuntimeError(ErrorNumber::accessError);
 }
 
 /// A new file, or none when there is one of that name.
@@ -249,21 +259,30 @@ void OutputFile::open(const fs::path& target)
     if (!target.has_filename()) throw RuntimeError(ErrorNumber::badFileName);
     const Target found = targetOf(target);
     target_ = found.name;
+    held_ = found.held;
     replaced_ = found.identity;
     if (!buffer_) buffer_ = std::make_unique<char[]>(kBufferBytes);
-    constexpr int kAttempts = 10;
-    for (int i = 0; i < kAttempts && handle_ == kNone; ++i) {
-        temporary_ = temporaryName(target_.parent_path());
-        handle_ = createNew(temporary_);
-    }
-    if (handle_ == kNone) throw RuntimeError(ErrorNumber::accessError);
     sinceSync_ = 0;
     try {
+        createTemporary();
         if (replaced_) likeTarget(handle_, target_);
     } catch (const RuntimeError&) {
         discard();
         throw;
     }
+}
+
+void OutputFile::createTemporary()
+{
+    constexpr int kAttempts = 10;
+    for (int i = 0; i < kAttempts; ++i) {
+        const fs::path name = temporaryName(target_.parent_path());
+        handle_ = createNew(name);
+        if (handle_ == kNone) continue;
+        temporary_ = name;
+        return;
+    }
+    throw RuntimeError(ErrorNumber::accessError);
 }
 
 void OutputFile::writeOn(std::string_view bytes)
@@ -303,6 +322,8 @@ void OutputFile::commit()
         closeRaw(std::exchange(handle_, kNone));
         const auto there = identityAt(target_);
         if (there && there != replaced_) throw RuntimeError(ErrorNumber::accessError);
+        // Some systems replace no file that is open.
+        if (held_ != kNone) closeRaw(std::exchange(held_, kNone));
         putInPlace(temporary_, target_, there.has_value());
     } catch (const RuntimeError&) {
         discard();
@@ -314,10 +335,12 @@ void OutputFile::commit()
 void OutputFile::discard() noexcept
 {
     filled_ = 0;
-    try {
-        if (handle_ != kNone) closeRaw(std::exchange(handle_, kNone));
-    } catch (const RuntimeError&) {
-        // What could not be written any more is not wanted either.
+    for (Handle* handle : {&handle_, &held_}) {
+        try {
+            if (*handle != kNone) closeRaw(std::exchange(*handle, kNone));
+        } catch (const RuntimeError&) {
+            // What could not be written any more is not wanted either.
+        }
     }
     std::error_code ignored;
     if (!temporary_.empty()) fs::remove(temporary_, ignored);

@@ -60,10 +60,13 @@ private:
     static constexpr Handle kNone = -1;
     static constexpr std::size_t kBufferBytes = std::size_t{1} << 17;
 
+    void createTemporary();
     void writeOn(std::string_view bytes);
     void flush();
 
     Handle handle_ = kNone;
+    Handle held_ =
+        kNone;  ///< the target that is to be replaced: kept open, so that its identity stays its own
     std::filesystem::path target_;
     std::filesystem::path temporary_;
     std::optional<FileIdentity> replaced_;  ///< the target, if it was there when the file was begun

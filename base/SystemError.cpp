@@ -25,6 +25,8 @@ RuntimeError lastSystemError()
     case ERROR_LOCK_VIOLATION:
         return RuntimeError(ErrorNumber::permissionDenied);
     case ERROR_WRITE_PROTECT:
+    case ERROR_ALREADY_EXISTS:
+    case ERROR_FILE_EXISTS:
         return RuntimeError(ErrorNumber::accessError);
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:

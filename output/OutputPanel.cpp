@@ -168,8 +168,9 @@ void OutputPanel::showPrintFile()
 void OutputPanel::closeFrame()
 {
     if (frame_->isHidden() || !frame_->isClosable()) return;
+    const bool focusWithin = frame_->isAncestorOf(frame_->window()->focusWidget());
     frame_->hide();
-    parts_.navigator.focusNext();
+    if (focusWithin) parts_.navigator.focusNext();
     emit placesChanged();
 }
 

@@ -78,8 +78,6 @@ private:
     void Command4_Click();
 
     bool isCounting() const;
-    void enter(const QString& mode);
-    void leave(const QString& mode);
     void begin();
     void warnOfEmptyMatrix();
     bool printFor(qint64 milliseconds);

@@ -76,6 +76,7 @@ void PrintFrame::show(const PrintFile& printFile)
         QTextCursor end(Text5->document());
         end.movePosition(QTextCursor::End);
         end.insertText(fromAnsi(text.substr(shown_)));
+        Text5->document()->setModified(false);
     }
     edition_ = printFile.edition();
     shown_ = text.size();
@@ -89,9 +90,10 @@ void PrintFrame::showFill()
     const QLocale italian(QLocale::Italian);
     const int characters = Text5->document()->characterCount() + Text5->blockCount() - 2;
     const auto capacity = static_cast<int>(PrintFile::kCapacity);
-    fill_->setText(full_ ? QStringLiteral("pieno: il resto manca (32K)")
-                         : QStringLiteral("%1 caratteri di %2")
-                               .arg(italian.toString(characters), italian.toString(capacity)));
+    fill_->setText(full_ && !Text5->document()->isModified()
+                       ? QStringLiteral("pieno: il resto manca (32K)")
+                       : QStringLiteral("%1 caratteri di %2")
+                             .arg(italian.toString(characters), italian.toString(capacity)));
 }
 
 QString PrintFrame::text() const
@@ -130,10 +132,12 @@ bool PrintFrame::isClosable() const
 
 bool PrintFrame::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
         // Enter held down prints the interval once, and does not go on in the text that it leads to.
-        const auto* press = static_cast<QKeyEvent*>(event);
-        if (press->isAutoRepeat() && press->matches(QKeySequence::InsertParagraphSeparator)) return true;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->isAutoRepeat() && enterIsDown_) return true;
+        enterIsDown_ = event->type() == QEvent::KeyPress && watched == frame8_->to &&
+                       key->matches(QKeySequence::InsertParagraphSeparator);
     }
     const bool pressed = event->type() == QEvent::MouseButtonPress &&
                          static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;

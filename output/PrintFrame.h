@@ -31,7 +31,7 @@ public:
     void focusText();
 
     RangeFrame& Frame8() { return *frame8_; }
-    /// The last of the tab order within the frame follows this control.
+    /// Stands the frame's controls behind this one for the Tab key.
     void setTabOrderAfter(QWidget* control);
     /// Whether the user may close the frame.
     void setClosable(bool closable);
@@ -58,9 +58,10 @@ private:
     QPlainTextEdit* Text5;
     QLabel* fill_;
     QToolButton* close_;
-    int edition_ = -1;       ///< of what is shown
-    std::size_t shown_ = 0;  ///< and how much of it
-    bool full_ = false;      ///< something did not fit
+    bool enterIsDown_ = false;  ///< since it was pressed in Text9
+    int edition_ = -1;          ///< of what is shown
+    std::size_t shown_ = 0;     ///< and how much of it
+    bool full_ = false;         ///< something did not fit
 };
 
 }  // namespace quorvin

@@ -47,6 +47,8 @@ Placement placementOf(std::string_view line)
     return allThere && separatorUsed ? Placement::oneColumnLeft : Placement::undecided;
 }
 
+}  // namespace
+
 /// Some programs write definitions without the blank behind the name, so that all that follows stands one
 /// column to the left. Read by the usual columns such a file would lose the first letter of every question
 /// and the first digit of three-digit numbers. It counts as such a file only if no complete line contradicts
@@ -63,8 +65,6 @@ bool standOneColumnLeft(const std::vector<std::string>& lines)
     }
     return left;
 }
-
-}  // namespace
 
 void FieldTable::addFields(const std::vector<std::string>& lines)
 {

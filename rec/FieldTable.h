@@ -64,4 +64,7 @@ private:
     Column<int> lengths_{};
 };
 
+/// Whether definition lines are read one column to the left; see doc/rec-format.md.
+bool standOneColumnLeft(const std::vector<std::string>& lines);
+
 }  // namespace quorvin

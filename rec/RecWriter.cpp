@@ -27,14 +27,14 @@ std::string rightAligned(std::string_view item)
     return std::string(kNumberWidth - std::min(kNumberWidth, item.size()), ' ').append(item);
 }
 
-/// The definition of field `i` with its place on screen line `row`. Where the source's lines have one blank
-/// less behind the name, so have these: numbers and question then stand as they stood.
-std::string definitionLine(const FieldTable& table, std::size_t i, int row, int length)
+/// The definition of field `i` with its place on screen line `row`, with one blank less behind the name if it
+/// is to stand one column left.
+std::string definitionLine(const FieldTable& table, std::size_t i, int row, int length, bool left)
 {
     const bool capped = length < table.length(static_cast<int>(i));
     const std::string lengthItem = capped ? bareStr(length) : table.fieldLength[i];
     const std::string rowItem = bareStr(row);
-    const std::size_t nameWidth = kNameWidth - (table.oneColumnLeft ? 1 : 0);
+    const std::size_t nameWidth = kNameWidth - (left ? 1 : 0);
     const std::size_t used = table.fieldName[i].size() + table.questionX[i].size();
 
     std::string line = table.fieldMark[i].empty() ? " " : table.fieldMark[i];
@@ -103,19 +103,30 @@ int RecWriter::writtenLength(const FieldTable& table, int field) const
 
 void RecWriter::writeHeader(const RecFile& source)
 {
-    const FieldTable& table = source.fields();
-    std::string text = std::to_string(WriteFieldCount()) + ' ' + bareStr(source.screenColour());
-    text += kLineEnd;
+    // Numbers and questions stand as in the source, unless these fields alone would be read otherwise.
+    std::vector<std::string> lines = definitions(source.fields(), source.fields().oneColumnLeft);
+    if (source.fields().oneColumnLeft && !standOneColumnLeft(lines))
+        lines = definitions(source.fields(), false);
+    output_.write(std::to_string(WriteFieldCount()) + ' ' + bareStr(source.screenColour()));
+    output_.write(kLineEnd);
+    for (const std::string& line : lines) {
+        output_.write(line);
+        output_.write(kLineEnd);
+    }
+}
+
+std::vector<std::string> RecWriter::definitions(const FieldTable& table, bool left) const
+{
+    std::vector<std::string> lines;
     int row = 1;
     std::size_t before = 0;
     for (const int field : WriteFieldList) {
         const auto i = static_cast<std::size_t>(field);
         if (before != 0 && !sharedRow(table, before, i)) ++row;
-        text += definitionLine(table, i, row, writtenLength(table, field));
-        text += kLineEnd;
+        lines.push_back(definitionLine(table, i, row, writtenLength(table, field), left));
         before = i;
     }
-    output_.write(text);
+    return lines;
 }
 
 void RecWriter::add(RecordScanner& record)

@@ -50,6 +50,7 @@ private:
     int writtenLength(const FieldTable& table, int field) const;
     void addStretch(const Stretch& field);
     void writeHeader(const RecFile& source);
+    std::vector<std::string> definitions(const FieldTable& table, bool left) const;
     std::string_view recordBuffer(std::string_view text);
 
     OutputFile output_;

@@ -57,7 +57,8 @@ public:
     void stop();
 
     /// Ends a running search because nobody wants its results any more: for the consumers it has failed,
-    /// unless all records were tested already. `advance` until idle.
+    /// unless its records were done with and only the list was still to be put in order. `advance` until
+    /// idle.
     void abandon();
 
     /// Forgets the results.

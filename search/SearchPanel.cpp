@@ -287,13 +287,12 @@ bool SearchPanel::showAndAsk(RecordNumber n)
 
 void SearchPanel::finish(bool refused)
 {
-    showState();
     parts_.status.showDone();
     if (refused) {
         emit azzeravarRequested();
         emit cancellaRequested();
-        return;
     }
+    showState();
     // On to the hits, if there are any to go through.
     QWidget* list = lists_.shown();
     if (list && driver_.hits().rowCount() > 0) list->setFocus();

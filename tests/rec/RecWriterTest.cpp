@@ -136,10 +136,16 @@ TEST_F(RecWriterTest, DefinitionsThatAreNotWhole)
     std::string source = oneColumnLeft(rec({{.length = 100}, {.length = 3}}).bytes(), 2);
     source.erase(source.size() - 14, 12);
     open(source + std::string(78, 'a') + "!\r\n" + std::string(25, 'b') + "!\r\n");
-    const std::string bytes = written({1, 2});
-    open(bytes);
+    open(written({2, 1}));
+    EXPECT_EQ(file_.fields().length(1), 3);
+    EXPECT_EQ(file_.fields().length(2), 100);
+
+    // Alone, such a line would not be known for what it is.
+    source = oneColumnLeft(rec({{}, {.length = 100}}).bytes(), 2);
+    source.erase(source.size() - 14, 12);
+    open(source + std::string(78, 'a') + "!\r\n" + std::string(27, 'b') + "!\r\n");
+    open(written({2}));
     EXPECT_EQ(file_.fields().length(1), 100);
-    EXPECT_EQ(file_.fields().length(2), 3);
 }
 
 TEST_F(RecWriterTest, WhatIsRefused)
