@@ -45,8 +45,9 @@ double searchInto(SearchConsumer& consumer, RecFile& file, const CliSearchOption
     query.sort = false;
     bool broken = false;
     runSearch(driver, query, file, [&](SearchDriver::State state) {
-        broken = isToEnd() && state != SearchDriver::State::idle;
-        if (broken) driver.abandon();
+        if (!isToEnd() || state == SearchDriver::State::idle) return;
+        broken = true;
+        driver.abandon();
     });
     if (broken) fail("interrotto");
     return driver.hitCount();

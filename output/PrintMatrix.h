@@ -39,8 +39,7 @@ public:
     void clear() { *this = PrintMatrix(); }
 
     /// Writes the file that belongs to a REC file, whole or not at all; during a choice with the entries
-    /// before it. Raises what OutputFile raises, and 75
-    /// when it would be the REC file itself.
+    /// before it. Raises what OutputFile raises, and 75 when it would be the REC file itself.
     void matrice(const RecFile& recFile) const;
 
     /// Reads the file that belongs to a REC file. Where there is none everything is empty; also after an

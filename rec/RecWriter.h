@@ -23,8 +23,7 @@ public:
     /// file; one that stands there twice is written once. Longer fields are cut to `MaxTextLength`
     /// characters.
     /// Raises RuntimeError 9 for a field that the source does not have, 11 when the fields have no length at
-    /// all, for nobody could read such a file, 75 when the target is the source, and
-    /// what OutputFile raises.
+    /// all, for nobody could read such a file, 75 when the target is the source, and what OutputFile raises.
     void start(const std::filesystem::path& target, const RecFile& source, const std::vector<int>& fields,
                int MaxTextLength);
     bool isOpen() const { return output_.isOpen(); }
