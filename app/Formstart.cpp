@@ -168,6 +168,7 @@ void Formstart::connectOutput()
 {
     connect(matrixPanel_, &MatrixPanel::azzeravarRequested, this, &Formstart::azzeravar);
     connect(matrixPanel_, &MatrixPanel::cancellaRequested, this, &Formstart::cancella);
+    connect(matrixPanel_, &MatrixPanel::choosingChanged, this, &Formstart::Check1_Click);
     connect(matrixPanel_, &MatrixPanel::saveFailed, this,
             [this](const RuntimeError& error) { showError(messages::kFileError, error); });
     connect(matrixPanel_, &MatrixPanel::hint, this, &Formstart::showHint);
@@ -351,7 +352,7 @@ void Formstart::EpiData_Click()
 
 void Formstart::Check1_Click()
 {
-    const bool original = frames_->Frame10->Check1->isChecked();
+    const bool original = frames_->Frame10->Check1->isChecked() && !matrixPanel_->isChoosing();
     recordView_->useFileColours(original);
     canvas_->setFormColour(original ? paletteColour(recFile_.screenColour()) : QColor());
 }

@@ -57,6 +57,7 @@ void MatrixPanel::impmat_Click()
     }
     parts_.menu.setMode(kImpmat, false);
     parts_.recordView.releaseBoxes();
+    emit choosingChanged();
     emit azzeravarRequested();
     emit cancellaRequested();
     if (matrix_.endChoice()) {
@@ -71,6 +72,7 @@ void MatrixPanel::beginChoice()
     parts_.menu.setMode(kImpmat, true);
     matrix_.beginChoice();
     emit azzeravarRequested();
+    emit choosingChanged();
     parts_.recordView.setLabelColour({});
     parts_.recordView.clearHighlights();
     emit hint(QStringLiteral("clic sui campi nell'ordine di stampa, poi ancora \"imposta matrice\""));

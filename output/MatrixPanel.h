@@ -42,6 +42,9 @@ signals:
     /// The boxes are to be emptied; the search state is to be reset.
     void azzeravarRequested();
     void cancellaRequested();
+    /// The choice began or ended: while it lasts the file's own colours give way to the usual ones, among
+    /// which the chosen boxes stand out.
+    void choosingChanged();
     /// The file beside the REC file could not be written.
     void saveFailed(const RuntimeError& error);
     /// Something worth a word in passing.
