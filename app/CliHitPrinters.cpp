@@ -58,7 +58,7 @@ void JsonPrinter::hit(RecordScanner& record)
     first_ = false;
 }
 
-void JsonPrinter::searchEnds(SearchEnd, std::string_view)
+void JsonPrinter::searchEnds(SearchEnd, std::string_view, const Matcher&)
 {
     std::cout << "\n]\n";
 }

@@ -31,7 +31,7 @@ public:
 
     void searchStarts(const SearchQuery& query, RecordNumber searchStart, RecordNumber searchEnd) override;
     void hit(RecordScanner& record) override;
-    void searchEnds(SearchEnd end, std::string_view criteria) override;
+    void searchEnds(SearchEnd end, std::string_view criteria, const Matcher& matcher) override;
 
 private:
     const FieldTable& fields_;

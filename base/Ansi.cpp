@@ -143,9 +143,16 @@ char toUpper(char c)
 
 std::string upper(std::string_view text)
 {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), toUpper);
+    std::string result;
+    appendUpper(result, text);
     return result;
+}
+
+void appendUpper(std::string& target, std::string_view text)
+{
+    const std::size_t before = target.size();
+    target.resize(before + text.size());
+    std::transform(text.begin(), text.end(), target.begin() + static_cast<std::ptrdiff_t>(before), toUpper);
 }
 
 char32_t toUnicode(char c)

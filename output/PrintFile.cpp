@@ -67,7 +67,7 @@ void PrintFile::hit(RecordScanner& record)
     if (stamp2) add(record);
 }
 
-void PrintFile::searchEnds(SearchEnd, std::string_view criteria)
+void PrintFile::searchEnds(SearchEnd, std::string_view criteria, const Matcher&)
 {
     if (stamp2) addLine(criteria, {}, {});
 }

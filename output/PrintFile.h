@@ -41,7 +41,7 @@ public:
 
     void searchAsked(const SearchQuery& query, RecordNumber recordCount) override;
     void hit(RecordScanner& record) override;
-    void searchEnds(SearchEnd end, std::string_view criteria) override;
+    void searchEnds(SearchEnd end, std::string_view criteria, const Matcher& matcher) override;
 
 private:
     void addLine(std::string_view label, std::string_view value, std::string_view lineEnd);

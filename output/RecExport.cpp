@@ -15,7 +15,7 @@ void RecExport::hit(RecordScanner& record)
     if (writer_.isOpen()) writer_.add(record);
 }
 
-void RecExport::searchEnds(SearchEnd end, std::string_view)
+void RecExport::searchEnds(SearchEnd end, std::string_view, const Matcher&)
 {
     if (!writer_.isOpen()) return;
     if (end == SearchEnd::failed) {

@@ -42,7 +42,7 @@ public:
     bool mayStart(const SearchQuery& query) override { return !beforeSearch || beforeSearch(query); }
     void searchStarts(const SearchQuery& query, RecordNumber searchStart, RecordNumber searchEnd) override;
     void hit(RecordScanner& record) override;
-    void searchEnds(SearchEnd end, std::string_view criteria) override;
+    void searchEnds(SearchEnd end, std::string_view criteria, const Matcher& matcher) override;
 
 private:
     const RecFile& file_;

@@ -18,15 +18,6 @@ void strip(std::string& text)
     std::erase_if(text, [](char c) { return kPunctuation.find(c) != std::string_view::npos; });
 }
 
-/// Behind what `target` holds; a value is set for every tested record, so that its memory is used again.
-void appendPrepared(std::string& target, std::string_view stored)
-{
-    const std::string_view bare = trim(stored);
-    const std::size_t before = target.size();
-    target.resize(before + bare.size());
-    std::transform(bare.begin(), bare.end(), target.begin() + static_cast<std::ptrdiff_t>(before), toUpper);
-}
-
 bool matchesField(SearchMode mode, std::string_view value, std::string_view pattern)
 {
     switch (mode) {
@@ -84,7 +75,8 @@ void Matcher::setFieldValue(int field, std::string_view stored)
 
 void Matcher::joinFieldValue(int field, std::string_view stored)
 {
-    appendPrepared(fieldValue_[static_cast<std::size_t>(field)], stored);
+    // A value is set for every tested record, so that its memory is used again.
+    appendUpper(fieldValue_[static_cast<std::size_t>(field)], trim(stored));
 }
 
 void Matcher::toglipunti()

@@ -50,8 +50,9 @@ public:
     /// A hit that the user has not refused, after its line has been listed. `record` is the one found.
     virtual void hit(RecordScanner& /*record*/) {}
 
-    /// The search has ended. `criteria`: its closing caption, Windows-1252.
-    virtual void searchEnds(SearchEnd /*end*/, std::string_view /*criteria*/) {}
+    /// The search has ended. `criteria`: its closing caption, Windows-1252. `matcher` holds the search texts
+    /// as they were compared.
+    virtual void searchEnds(SearchEnd /*end*/, std::string_view /*criteria*/, const Matcher& /*matcher*/) {}
 };
 
 }  // namespace quorvin

@@ -253,7 +253,7 @@ void SearchDriver::finish(std::exception_ptr failure)
     criteria_ += str(hitCount_);
     for (std::size_t i = 0; i < started_; ++i) {
         try {
-            consumers_[i]->searchEnds(end_, criteria_);
+            consumers_[i]->searchEnds(end_, criteria_, matcher_);
         } catch (const std::exception&) {
             // The others have their work to finish as well.
             if (!failure) failure = std::current_exception();

@@ -34,7 +34,7 @@ public:
         hits.push_back(record.number());
         note("hit " + std::string(record.fieldValue(1)));
     }
-    void searchEnds(SearchEnd end, std::string_view) override
+    void searchEnds(SearchEnd end, std::string_view, const Matcher&) override
     {
         constexpr const char* kEnds[] = {"completed", "stopped", "refused", "failed"};
         note(kEnds[static_cast<std::size_t>(end)]);
