@@ -30,6 +30,12 @@ inline constexpr char kOverwrite[] = "il file ";
 inline constexpr char kOverwriteEnd[] = " esiste già ...sovrascrivere il file esistente?";
 inline constexpr char kNoFields[] = "Errore!! matrice vuota!! ";
 
+/// A table that was cut short because an axis is full; what went wrong in the run, if anything did, comes
+/// before it.
+inline constexpr char kLimitY[] = "Interruzione !! tabella asse Y > 800 elementi !! ";
+inline constexpr char kLimitX[] = "Interruzione !! tabella asse X > 200 elementi !! ";
+inline constexpr char kChartTitle[] = "Titolo del Grafico:";
+
 /// Pairs of description and pattern, separated by bars.
 inline constexpr char kOpenFilter[] =
     " File dati EpiData (*.rec) |*.rec|File dati Testo (*.txt) |*.txt|File dati Tutti (*.*) |*.*";
