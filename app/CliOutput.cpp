@@ -14,7 +14,6 @@
 #include "output/PrintFile.h"
 #include "output/PrintMatrix.h"
 #include "output/RecExport.h"
-#include "search/SearchDriver.h"
 #include "view/Messages.h"
 
 namespace quorvin {
@@ -31,26 +30,6 @@ PrintMatrix matrixOf(const RecFile& file)
         std::cerr << messages::kFileError << currentError().description() << '\n';
     }
     return matrix;
-}
-
-/// Searches without any list; returns the number of hits. A request to end the program ends it like an error,
-/// so that nothing half written is left.
-double searchInto(SearchConsumer& consumer, RecFile& file, const CliSearchOptions& options)
-{
-    noteEndings();
-    SearchDriver driver(file);
-    driver.addConsumer(consumer);
-    SearchQuery query = queryFrom(options, file);
-    query.unlisted = true;
-    query.sort = false;
-    bool broken = false;
-    runSearch(driver, query, file, [&](SearchDriver::State state) {
-        if (!isToEnd() || state == SearchDriver::State::idle) return;
-        broken = true;
-        driver.abandon();
-    });
-    if (broken) fail("interrotto");
-    return driver.hitCount();
 }
 
 std::vector<int> fieldsFor(RecFields choice, const RecFile& file, const CliSearchOptions& search)

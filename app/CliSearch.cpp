@@ -10,6 +10,7 @@
 #include "app/CliHitPrinters.h"
 #include "app/CliReport.h"
 #include "base/Ansi.h"
+#include "base/CommandLine.h"
 #include "base/Text.h"
 #include "view/Messages.h"
 
@@ -131,6 +132,24 @@ void runSearch(SearchDriver& driver, const SearchQuery& query, const RecFile& fi
         afterStep(state);
     }
     if (failure) std::rethrow_exception(failure);
+}
+
+double searchInto(SearchConsumer& consumer, RecFile& file, const CliSearchOptions& options)
+{
+    noteEndings();
+    SearchDriver driver(file);
+    driver.addConsumer(consumer);
+    SearchQuery query = queryFrom(options, file);
+    query.unlisted = true;
+    query.sort = false;
+    bool broken = false;
+    runSearch(driver, query, file, [&](SearchDriver::State state) {
+        if (!isToEnd() || state == SearchDriver::State::idle) return;
+        broken = true;
+        driver.abandon();
+    });
+    if (broken) fail("interrotto");
+    return driver.hitCount();
 }
 
 double printHits(RecFile& file, const CliSearchOptions& options, HitFormat format)

@@ -16,6 +16,7 @@
 #include "app/CliOutput.h"
 #include "app/CliReport.h"
 #include "app/CliSearch.h"
+#include "app/CliStatistics.h"
 #include "base/CommandLine.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -51,6 +52,7 @@ struct Arguments {
     CliSearchOptions search;
     HitFormat format = HitFormat::lines;
     CliCreateOptions create;
+    CliStatOptions statistics;
 };
 
 int runInfo(const Arguments& arguments)
@@ -101,6 +103,13 @@ int runCreate(const Arguments& arguments)
 int runPrint(const Arguments& arguments)
 {
     return searchIn(arguments, [&](RecFile& file) { return printPrintFile(file, arguments.search); });
+}
+
+int runStatistics(const Arguments& arguments, StatMode mode)
+{
+    return searchIn(arguments, [&](RecFile& file) {
+        return printStatistics(file, arguments.search, mode, arguments.statistics);
+    });
 }
 
 void useItalianLabels(CLI::App& app)
@@ -190,17 +199,32 @@ void addSearchOptions(CLI::App& command, CliSearchOptions& search, bool needsCri
     command.add_flag("--quiet", search.quiet, "non scrive nulla, conta solo l'esito");
 }
 
-const std::map<std::string, HitFormat> kFormats = {
+const std::map<std::string, HitFormat> kHitFormats = {
     {"righe", HitFormat::lines}, {"csv", HitFormat::csv}, {"json", HitFormat::json}};
+const std::map<std::string, GridFormat> kGridFormats = {{"tsv", GridFormat::tsv}, {"json", GridFormat::json}};
 
-void addFormat(CLI::App& command, HitFormat& format)
+template<class Format>
+void addFormat(CLI::App& command, const std::map<std::string, Format>& formats, const char* description,
+               Format& format)
 {
     command
         .add_option_function<std::string>(
-            "--formato", [&format](const std::string& name) { format = kFormats.at(name); },
-            "righe, csv o json")
-        ->check(CLI::IsMember(&kFormats))
+            "--formato", [&formats, &format](const std::string& name) { format = formats.at(name); },
+            description)
+        ->check(CLI::IsMember(&formats))
         ->option_text("FORMATO");
+}
+
+/// A command that counts; both differ only by name and mode.
+CLI::App* addStatistics(CLI::App& app, const char* name, const char* description, Arguments& arguments)
+{
+    CLI::App* command = addCommand(app, name, description, arguments);
+    addSearchOptions(*command, arguments.search);
+    CliStatOptions& options = arguments.statistics;
+    command->add_flag("--accorpa", options.accorpa, "conta le date per mese e anno");
+    command->add_flag("--somma", options.somma, "aggiunge le somme dei valori numerici");
+    addFormat(*command, kGridFormats, "tsv o json", options.format);
+    return command;
 }
 
 void addCreateOptions(CLI::App& command, CliCreateOptions& create)
@@ -241,7 +265,11 @@ int run(int argc, char** argv)
     addJsonFlag(*show, arguments);
     CLI::App* search = addCommand(app, "cerca", "cerca i rekord ed elenca quelli trovati", arguments);
     addSearchOptions(*search, arguments.search);
-    addFormat(*search, arguments.format);
+    addFormat(*search, kHitFormats, "righe, csv o json", arguments.format);
+    CLI::App* frequency =
+        addStatistics(app, "frequenza", "conta i valori dell'ultimo campo nei rekord trovati", arguments);
+    CLI::App* table = addStatistics(app, "tabella",
+                                    "conta le coppie di valori dell'ultimo campo e del penultimo", arguments);
     CLI::App* create = addCommand(app, "crea", "scrive i rekord trovati in un nuovo file .rec", arguments);
     addSearchOptions(*create, arguments.search);
     addCreateOptions(*create, arguments.create);
@@ -259,6 +287,8 @@ int run(int argc, char** argv)
         return kError;
     }
     if (search->parsed()) return runSearch(arguments);
+    if (frequency->parsed()) return runStatistics(arguments, StatMode::freq);
+    if (table->parsed()) return runStatistics(arguments, StatMode::tabella);
     if (create->parsed()) return runCreate(arguments);
     if (print->parsed()) return runPrint(arguments);
     return info->parsed() ? runInfo(arguments) : runShow(arguments);

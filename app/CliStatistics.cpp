@@ -1,0 +1,91 @@
+#include "app/CliStatistics.h"
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "app/CliReport.h"
+#include "base/Text.h"
+#include "stats/StatRun.h"
+#include "view/Messages.h"
+
+namespace quorvin {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// The grid row by row, cells separated by tabs.
+void printTsv(const StatGrid& grid)
+{
+    for (int i = 0; i < grid.rows(); ++i) {
+        for (int j = 0; j < grid.columns(); ++j)
+            std::cout << (j == 0 ? "" : "\t") << printable(grid.at(i, j).text);
+        std::cout << '\n';
+    }
+}
+
+Json numbers(int count, const std::function<Json(int)>& number)
+{
+    Json all = Json::array();
+    for (int j = 1; j <= count; ++j)
+        all.push_back(number(j));
+    return all;
+}
+
+/// The same with counts as numbers; blank column values are the last column, named by the empty text.
+void printJson(const StatTable& table, const StatGrid& grid, const StatCaptions& captions)
+{
+    const int columns = grid.totalsColumn() - 1;
+    const int sums = grid.totalsRow() + 1;
+    const auto text = [](std::string_view cell) { return onOneLine(cell); };
+    Json rows = Json::array();
+    for (int i = 1; i < table.nuovoY(); ++i) {
+        rows.push_back({{"valore", text(table.valoriY(i))},
+                        {"conteggi", numbers(columns, [&](int j) { return table.conteggi(i, j); })},
+                        {"totale", table.totaliRiga(i)}});
+    }
+    Json json = {
+        {"asseY", text(trim(captions.lastName))},
+        {"asseX", text(trim(captions.penultimateName))},
+        {"ricerca", text(captions.fieldPattern)},
+        {"colonne", numbers(columns, [&](int j) { return text(table.valoriX(j)); })},
+        {"righe", rows},
+        {"totaliColonne", numbers(columns, [&](int j) { return table.totaliColonna(j); })},
+        {"totale", table.total()},
+        {"somme", numbers(columns, [&](int j) { return val(grid.at(sums, j).text); })},
+        {"somma", val(grid.at(sums, grid.totalsColumn()).text)},
+    };
+    std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+StatOptions statOptions(const RecFile& file, const CliSearchOptions& search, StatMode mode,
+                        const CliStatOptions& options)
+{
+    StatOptions stat;
+    stat.mode = mode;
+    stat.accorpa = options.accorpa;
+    stat.SommaCampNum = options.somma;
+    // Fields that only --unirek names are searched, not counted.
+    const FieldList selection = queryFrom(search, file).selection;
+    for (int i = 1; i <= static_cast<int>(search.criteria.size()); ++i)
+        stat.SelectedFields.append(selection.at(i));
+    return stat;
+}
+
+}  // namespace
+
+double printStatistics(RecFile& file, const CliSearchOptions& search, StatMode mode,
+                       const CliStatOptions& options)
+{
+    StatRun run(file.fields());
+    const StatOptions stat = statOptions(file, search, mode, options);
+    run.askOptions = [&stat] { return stat; };
+    const double hits = searchInto(run, file, search);
+    if (!search.quiet && options.format == GridFormat::tsv) printTsv(run.grid());
+    if (!search.quiet && options.format == GridFormat::json) printJson(run.table, run.grid(), run.captions());
+    if (run.table.isFullY()) std::cerr << messages::kLimitY << '\n';
+    if (run.table.isFullX()) std::cerr << messages::kLimitX << '\n';
+    return hits;
+}
+
+}  // namespace quorvin
