@@ -32,6 +32,12 @@ Json numbers(int count, const std::function<Json(int)>& number)
     return all;
 }
 
+/// A sum's cell as a number.
+Json sum(const StatCell& cell)
+{
+    return cell.text.empty() ? Json(0) : Json::parse(cell.text);
+}
+
 /// The same with counts as numbers; blank column values are the last column, named by the empty text.
 void printJson(const StatTable& table, const StatGrid& grid, const StatCaptions& captions)
 {
@@ -52,8 +58,8 @@ void printJson(const StatTable& table, const StatGrid& grid, const StatCaptions&
         {"righe", rows},
         {"totaliColonne", numbers(columns, [&](int j) { return table.totaliColonna(j); })},
         {"totale", table.total()},
-        {"somme", numbers(columns, [&](int j) { return val(grid.at(sums, j).text); })},
-        {"somma", val(grid.at(sums, grid.totalsColumn()).text)},
+        {"somme", numbers(columns, [&](int j) { return sum(grid.at(sums, j)); })},
+        {"somma", sum(grid.at(sums, grid.totalsColumn()))},
     };
     std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }

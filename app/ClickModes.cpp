@@ -12,8 +12,7 @@ constexpr std::uint32_t kBlue = 0x800000;
 constexpr std::uint32_t kLightGreen = 0x00FF00;
 constexpr std::uint32_t kYellow = 0x00FFFF;
 constexpr std::uint32_t kRed = 0x0000FF;
-constexpr int kMagentaForm = 5;
-constexpr int kRedForm = 4;
+constexpr int kRedLabels = 4;
 
 constexpr const char* kNotSearching[] = {"impmat", "sommcamp", "sostituisci", "impostadoc"};
 constexpr const char* kJoining[] = {"unirek"};
@@ -23,8 +22,8 @@ constexpr const char* kTable[] = {"tabella"};
 constexpr std::array kClickModes = {
     ClickMode{&Selections::searchSelection, {}, kNotSearching, 0xC000C0, kWhite},
     ClickMode{&Selections::joinList, kJoining, kNotSearching, kRed, kWhite},
-    ClickMode{&Selections::SelectedFields, kFrequency, {}, kLightGreen, kBlue, kMagentaForm},
-    ClickMode{&Selections::SelectedFields, kTable, {}, kYellow, kBlue, kRedForm},
+    ClickMode{&Selections::SelectedFields, kFrequency, {}, kLightGreen, kBlue, kCountingColour},
+    ClickMode{&Selections::SelectedFields, kTable, {}, kYellow, kBlue, kRedLabels},
 };
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "app/ClickModes.h"
 #include "app/FormCanvas.h"
 #include "app/FormFrames.h"
+#include "app/FormPlaces.h"
 #include "app/PreferencesFrame.h"
 #include "base/RuntimeError.h"
 #include "output/ExportPanel.h"
@@ -25,6 +26,7 @@
 #include "search/HitListView.h"
 #include "search/SearchPanel.h"
 #include "search/SearchStatus.h"
+#include "stats/StatPanel.h"
 #include "view/Colours.h"
 #include "view/Dialogs.h"
 #include "view/EpiDataLaunch.h"
@@ -45,13 +47,8 @@ constexpr int kTitleBar = 30;
 
 constexpr int kHintMilliseconds = 6000;
 
-/// Places on the form: left, top, width, height in columns and lines; 0 reaches to the edge.
-constexpr QRectF kNavigatorPlace(0, 0, 0, RecordView::kTopLines);
-constexpr QRectF kRecordPlace(0, RecordView::kTopLines, 0, 0);
+/// Place of the invitation on the form: left, top, width, height in columns and lines; 0 reaches to the edge.
 constexpr QRectF kInvitationPlace(0, 12, 0, 6);
-
-/// First line of the print file, below which the record gives way to it.
-constexpr double kPrintTop = 26;
 
 }  // namespace
 
@@ -74,13 +71,10 @@ void Formstart::buildForm()
     recordView_ = new RecordView(canvas_);
     navigator_ = new Navigator(recFile_, *recordView_, canvas_);
     navigator_->insertTools(recordView_->scaleBar());
-    canvas_->place(recordView_, kRecordPlace);
-    canvas_->place(navigator_, kNavigatorPlace);
 
     searchStatus_ = new SearchStatus(this);
     searchPanel_ = new SearchPanel(
         {recFile_, selections_, *recordView_, *navigator_, menuTree_, *searchStatus_}, canvas_);
-    canvas_->place(&searchPanel_->Frame3(), SearchPanel::kFrame3Place);
     matrixPanel_ = new MatrixPanel({recFile_, *recordView_, menuTree_, dialogs_}, canvas_);
     outputPanel_ = new OutputPanel({recFile_, matrixPanel_->matrix(), *recordView_, *navigator_, menuTree_,
                                     *searchPanel_, *searchStatus_, dialogs_},
@@ -88,7 +82,10 @@ void Formstart::buildForm()
     new ExportPanel({recFile_, matrixPanel_->matrix(), menuTree_, *searchPanel_, *searchStatus_, dialogs_},
                     canvas_);
     navigator_->insertTools(&outputPanel_->Command4());
-    placeParts();
+    statPanel_ =
+        new StatPanel({recFile_, selections_, *navigator_, menuTree_, *searchPanel_, dialogs_}, canvas_);
+    places_ = std::make_unique<FormPlaces>(
+        FormParts{*canvas_, menuTree_, *navigator_, *recordView_, *searchPanel_, *outputPanel_, *statPanel_});
 
     Label7 = new QLabel(fromUtf8Text(messages::kInvitation), canvas_);
     Label7->setObjectName(QStringLiteral("Label7"));
@@ -100,6 +97,7 @@ void Formstart::buildForm()
 
     frames_ = new FormFrames(menuTree_, *canvas_);
     menuTree_.addControl(*frames_->Frame10->Check1);
+    menuTree_.addControl(*frames_->Frame10->Check3);
     menuTree_.addControl(searchPanel_->Frame3());
 
     auto* scroll = new QScrollArea(this);
@@ -130,7 +128,12 @@ void Formstart::connectParts()
     connect(canvas_, &FormCanvas::nextRequested, navigator_, &Navigator::pressNext);
     connect(canvas_, &FormCanvas::previousRequested, navigator_, &Navigator::pressPrevious);
     connect(canvas_, &FormCanvas::escapePressed, this, [this] {
-        if (!frames_->closeTop()) outputPanel_->closeFrame();
+        if (frames_->closeTop()) return;
+        if (statPanel_->frame().isHidden()) {
+            outputPanel_->closeFrame();
+        } else {
+            statPanel_->closeFrame();
+        }
     });
     connect(recordView_, &RecordView::Text2_Click, this, &Formstart::Text2_Click);
     connect(navigator_, &Navigator::epiDataRequested, this, &Formstart::EpiData_Click);
@@ -142,6 +145,7 @@ void Formstart::connectParts()
     connect(frames_->Frame10->Check3, &QCheckBox::clicked, this, &Formstart::Check3_Click);
     connectSearch();
     connectOutput();
+    connectStatistics();
 }
 
 void Formstart::connectSearch()
@@ -157,7 +161,7 @@ void Formstart::connectSearch()
     connect(searchPanel_, &SearchPanel::hitFailed, this,
             [this](const RuntimeError& error) { showError(messages::kHitError, error); });
     connect(searchPanel_, &SearchPanel::epiDataRequested, this, &Formstart::EpiData_Click);
-    connect(searchPanel_, &SearchPanel::placesChanged, this, &Formstart::placeParts);
+    connect(searchPanel_, &SearchPanel::placesChanged, this, [this] { places_->update(); });
     connect(searchPanel_, &SearchPanel::hint, this, &Formstart::showHint);
     connect(canvas_, &FormCanvas::scaleChanged, &searchPanel_->lists(), &HitLists::setScale);
     connect(frames_->Frame10->Check2, &QCheckBox::toggled, searchPanel_,
@@ -174,33 +178,24 @@ void Formstart::connectOutput()
     connect(matrixPanel_, &MatrixPanel::hint, this, &Formstart::showHint);
     connect(outputPanel_, &OutputPanel::azzeravarRequested, this, &Formstart::azzeravar);
     connect(outputPanel_, &OutputPanel::cancellaRequested, this, &Formstart::cancella);
-    connect(outputPanel_, &OutputPanel::placesChanged, this, &Formstart::placeParts);
+    connect(outputPanel_, &OutputPanel::placesChanged, this, [this] { places_->update(); });
     connect(outputPanel_, &OutputPanel::hint, this, &Formstart::showHint);
 }
 
-/// Stands lists and print file, and gives the record the room beside and above what is shown of them.
-void Formstart::placeParts()
+void Formstart::connectStatistics()
 {
-    const HitLists& lists = searchPanel_->lists();
-    const QRectF place = HitLists::place(menuTree_.isTicked(QStringLiteral("maxel")));
-    canvas_->place(lists.List1, place);
-    canvas_->place(lists.List2, place);
-    QRectF record = kRecordPlace;
-    if (!searchPanel_->Frame3().isHidden()) record.setRight(SearchPanel::kFrame3Place.left());
-    QRectF print(0, kPrintTop, 0, 0);
-    if (lists.shown()) {
-        record.setRight(place.left());
-        print.setRight(place.left());
-    }
-    PrintFrame& printFrame = outputPanel_->printFrame();
-    if (!printFrame.isHidden()) record.setBottom(kPrintTop);
-    canvas_->place(&printFrame, print);
-    canvas_->place(recordView_, record);
+    connect(statPanel_, &StatPanel::azzeravarRequested, this, &Formstart::azzeravar);
+    connect(statPanel_, &StatPanel::cancellaRequested, this, &Formstart::cancella);
+    connect(statPanel_, &StatPanel::modeChanged, this, &Formstart::showCounting);
+    connect(statPanel_, &StatPanel::placesChanged, this, [this] { places_->update(); });
+    connect(outputPanel_, &OutputPanel::fontChosen, statPanel_, &StatPanel::setGridFont);
+    connect(canvas_, &FormCanvas::scaleChanged, statPanel_, &StatPanel::setScale);
+    outputPanel_->addPrintout(statPanel_->chartPrintout());
 }
 
 bool Formstart::isBusy() const
 {
-    return searchPanel_->isSearching() || outputPanel_->isPrinting();
+    return searchPanel_->isSearching() || outputPanel_->isPrinting() || statPanel_->isPresenting();
 }
 
 void Formstart::aprifile_Click()
@@ -264,6 +259,7 @@ void Formstart::layOutFields()
     layOut();
     searchPanel_->setTabOrderAfter(recordView_->Text2(recFile_.fieldCount()));
     outputPanel_->printFrame().setTabOrderAfter(searchPanel_->lists().List2);
+    statPanel_->frame().setTabOrderAfter(searchPanel_->lists().List2);
 }
 
 void Formstart::resetta()
@@ -279,6 +275,7 @@ void Formstart::resetta()
     menuTree_.reset();
     searchPanel_->reset();
     outputPanel_->reset(false);
+    statPanel_->reset();
     matrixPanel_->load();
     showState();
 }
@@ -357,6 +354,15 @@ void Formstart::Check1_Click()
     canvas_->setFormColour(original ? paletteColour(recFile_.screenColour()) : QColor());
 }
 
+/// The form's colours say that a statistics mode is on.
+void Formstart::showCounting(bool counting)
+{
+    const QColor colour = counting ? paletteColour(kCountingColour) : QColor();
+    recordView_->setLabelColour(colour);
+    Check1_Click();
+    if (counting) canvas_->setFormColour(colour);
+}
+
 void Formstart::Check3_Click()
 {
     const PreferencesFrame& Frame10 = *frames_->Frame10;
@@ -382,9 +388,7 @@ void Formstart::Text2_Click(int index)
                 continue;
             (selections_.*mode.list).append(index);
             recordView_->highlight(index, mode.box());
-            if (mode.formColour < 0) continue;
-            canvas_->setFormColour(paletteColour(mode.formColour));
-            recordView_->setLabelColour(paletteColour(mode.formColour));
+            if (mode.labelColour >= 0) recordView_->setLabelColour(paletteColour(mode.labelColour));
         }
     } catch (const RuntimeError&) {
         // A list that is full takes no more fields.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <memory>
 
 #include "app/MenuTree.h"
 #include "rec/RecFile.h"
@@ -14,6 +15,7 @@ namespace quorvin {
 class Dialogs;
 class FormCanvas;
 class FormFrames;
+class FormPlaces;
 class MatrixPanel;
 class Navigator;
 class OutputPanel;
@@ -21,6 +23,7 @@ class RecordView;
 class RuntimeError;
 class SearchPanel;
 class SearchStatus;
+class StatPanel;
 
 /// Owns one object of each subsystem and keeps what crosses them; everything else is the business of the part
 /// concerned.
@@ -48,7 +51,7 @@ private:
     void connectParts();
     void connectSearch();
     void connectOutput();
-    void placeParts();
+    void connectStatistics();
 
     void Form_Load();
     void layOutFields();
@@ -68,6 +71,7 @@ private:
     void Command3_Click();
     void Text2_Click(int index);
 
+    void showCounting(bool counting);
     bool isBusy() const;
     void abandon();
     void setCompatible(bool compatible);
@@ -86,6 +90,8 @@ private:
     SearchPanel* searchPanel_ = nullptr;
     MatrixPanel* matrixPanel_ = nullptr;
     OutputPanel* outputPanel_ = nullptr;
+    StatPanel* statPanel_ = nullptr;
+    std::unique_ptr<FormPlaces> places_;
     FormFrames* frames_ = nullptr;
     QLabel* Label7 = nullptr;
 };

@@ -77,12 +77,17 @@ MENU "Opzioni"
   segno (non all'inizio del testo). Uscendo chiede se salvare.
 
 MENU "Statistica"
-"Frequenza": conta, fra i rekord trovati, i valori dell'ultimo campo scelto.
-"Tabella": incrocia l'ultimo campo scelto (righe) e il penultimo (colonne).
-I rekord in cui l'ultimo campo scelto è vuoto non sono contati.
+Si conta nei rekord trovati: scelta la voce, clic sui campi e Invio in uno.
+'frequenza' viene creata una tabella sull'ultimo campo selezionato.
+'tabella' viene creata una tabella sull'ultimo e penultimo campo selezionato.
+I rekord in cui l'ultimo campo scelto è vuoto non sono contati. Un clic sul
+  titolo di una colonna ordina le righe; Ctrl+C copia la tabella.
 "date mese/anno asse y": raggruppa per mese e anno le date delle righe.
 "vis. somma campi num.": mostra anche la somma dei valori numerici.
-"Imposta Grafico": disegna il grafico della tabella e ne chiede il titolo.
+"Imposta Grafico":
+'imposta grafico' imposta e mostra il grafico secondo i campi selezionati.
+  Chiede il titolo; + e - allargano e stringono il grafico; "stampa" lo
+  stampa e lo salva come "chart.jpg" accanto al file .REC.
 In grigio: "Somma campi analoghi", "ricerca", "Griglia rekord campi
   analoghi", "Utilizza Excel".
 

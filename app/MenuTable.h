@@ -11,6 +11,7 @@ enum class MenuKind { menu, item, separator };
 enum class Availability {
     always,    ///< also without a file
     withFile,  ///< while a file is open
+    inMode,    ///< while a mode that it belongs to is on
     never,     ///< shown, but not part of this version
 };
 

@@ -1,5 +1,6 @@
 #include "app/MenuTree.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QKeySequence>
 #include <QMenu>
@@ -74,12 +75,24 @@ void MenuTree::setTicked(const QString& name, bool ticked)
 void MenuTree::setMode(const QString& name, bool on)
 {
     for (const ModeRow& mode : modeTable()) {
-        if (!on || fromUtf8Text(mode.name) != name) continue;
-        for (const std::string_view other : mode.unticks)
-            setTicked(fromUtf8Text(other), false);
+        if (fromUtf8Text(mode.name) != name) continue;
+        for (const std::string_view other : on ? mode.unticks : mode.unticksAtEnd)
+            untick(fromUtf8Text(other));
     }
     setTicked(name, on);
     refresh();
+}
+
+/// A control or an item.
+void MenuTree::untick(const QString& name)
+{
+    for (QWidget* control : std::as_const(controls_)) {
+        auto* box = qobject_cast<QAbstractButton*>(control);
+        if (!box || box->objectName() != name) continue;
+        box->setChecked(false);
+        return;
+    }
+    setTicked(name, false);
 }
 
 QString MenuTree::caption(const QString& name) const
@@ -123,17 +136,21 @@ void MenuTree::setFileOpen(bool open)
 void MenuTree::refresh()
 {
     QSet<QString> disabled;
+    QSet<QString> enabled;
     QHash<QString, QString> captions;
     for (const ModeRow& mode : modeTable()) {
         if (!isTicked(fromUtf8Text(mode.name))) continue;
         for (const std::string_view name : mode.disables)
             disabled.insert(fromUtf8Text(name));
+        for (const std::string_view name : mode.enables)
+            enabled.insert(fromUtf8Text(name));
         captions.insert(fromUtf8Text(mode.menu), fromUtf8Text(mode.caption));
     }
     for (const MenuRow& row : menuTable()) {
         const QString name = fromUtf8Text(row.name);
         const bool available = row.availability == Availability::always ||
-                               (row.availability == Availability::withFile && fileOpen_);
+                               (row.availability == Availability::withFile && fileOpen_) ||
+                               (row.availability == Availability::inMode && enabled.contains(name));
         item(name).setEnabled(available && !disabled.contains(name));
         setCaption(name, captions.value(name, fromUtf8Text(row.caption)));
     }

@@ -36,7 +36,8 @@ public:
     /// Asked at each click; while it says so, clicks do nothing.
     std::function<bool()> isBlocked = [] { return false; };
 
-    /// Has modes disable a control that is no menu item, by its objectName; it must outlive the tree's use.
+    /// Has modes disable a control that is no menu item, or untick a box, by its objectName; it must outlive
+    /// the tree's use.
     void addControl(QWidget& control) { controls_.append(&control); }
 
     /// Every tick as at the start that does not last for the run; all modes are left.
@@ -48,6 +49,7 @@ public:
 
 private:
     void add(const MenuRow& row, QMenuBar& bar);
+    void untick(const QString& name);
     void setCaption(const QString& name, const QString& caption);
 
     QHash<QString, QAction*> items_;

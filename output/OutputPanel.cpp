@@ -4,12 +4,14 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 #include <exception>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "output/OverwriteQuestion.h"
 #include "output/PrintMatrix.h"
+#include "output/Printout.h"
 #include "search/RangeFrame.h"
 #include "search/SearchPanel.h"
 #include "search/SearchStatus.h"
@@ -289,6 +291,7 @@ void OutputPanel::prefstamp_Click()
     font.setItalic(chosen->italic());
     printer_.font = font;
     frame_->setTextFont(font);
+    emit fontChosen(font);
 }
 
 void OutputPanel::impoststamp_Click()
@@ -303,17 +306,31 @@ void OutputPanel::stampcol_Click()
         parts_.dialogs.message(BoxIcon::critical, fromUtf8Text(messages::kNoPrinter));
 }
 
+Printout* OutputPanel::shownPrintout() const
+{
+    const auto shown =
+        std::find_if(printouts_.begin(), printouts_.end(), [](Printout* p) { return p->isShown(); });
+    return shown == printouts_.end() ? nullptr : *shown;
+}
+
 void OutputPanel::Command4_Click()
 {
-    if (isCounting()) return;
-    if (frame_->isHidden() || frame_->text().isEmpty()) {
+    if (Printout* printout = shownPrintout()) {
+        printout->prepare();
+        print([printout](QPrinter& printer) { printout->print(printer); });
+    } else if (!isCounting() && !frame_->isHidden() && !frame_->text().isEmpty()) {
+        print([this](QPrinter& printer) { printer_.drawText(printer, frame_->text()); });
+    } else {
         emit hint(QStringLiteral("non c'è nulla da stampare"));
-        return;
     }
+}
+
+void OutputPanel::print(const Printer::Drawing& drawing)
+{
     const QString replaced = printer_.fileToReplace();
     if (!replaced.isEmpty() && !askToOverwrite(parts_.dialogs, replaced)) return;
     try {
-        printer_.print(frame_->text(), QFileInfo(parts_.recFile.dataFileName()).fileName());
+        printer_.print(drawing, QFileInfo(parts_.recFile.dataFileName()).fileName());
         emit hint(QStringLiteral("stampa inviata"));
     } catch (const std::exception&) {
         emit hint(fromUtf8Text(currentError().description()));

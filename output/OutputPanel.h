@@ -17,6 +17,7 @@ class Dialogs;
 class MenuState;
 class Navigator;
 class PrintMatrix;
+class Printout;
 class RecordView;
 class SearchPanel;
 class SearchStatus;
@@ -52,6 +53,9 @@ public:
     /// Takes the print file off the form, unless a print mode is on or it is not there.
     void closeFrame();
 
+    /// Has Command4 print this while it is shown; it must outlive the panel's use.
+    void addPrintout(Printout& printout) { printouts_.append(&printout); }
+
     /// State of a file just opened, or of none; ticks are the menu's business.
     void reset(bool fileOpen);
 
@@ -61,6 +65,8 @@ signals:
     void cancellaRequested();
     /// The print frame came or went.
     void placesChanged();
+    /// A font was chosen for all that is printed.
+    void fontChosen(const QFont& font);
     /// Something worth a word in passing.
     void hint(const QString& text);
 
@@ -77,6 +83,8 @@ private:
     void stampcol_Click();
     void Command4_Click();
 
+    Printout* shownPrintout() const;
+    void print(const Printer::Drawing& drawing);
     bool isCounting() const;
     void begin();
     void warnOfEmptyMatrix();
@@ -93,6 +101,7 @@ private:
     PrintFrame* frame_;
     QPushButton* command4_;
     Printer printer_;
+    QList<Printout*> printouts_;
     SliceTimer timer_;
 };
 

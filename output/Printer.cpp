@@ -93,16 +93,6 @@ private:
     double y_ = 0;
 };
 
-void printPages(QPrinter& printer, const QFont& font, const QString& text)
-{
-    PageWriter pages(printer, font);
-    // What ends the last line begins no further one.
-    const QString lines = text.endsWith(QLatin1Char('\n')) ? text.chopped(1) : text;
-    for (const QString& line : lines.split(QLatin1Char('\n')))
-        pages.writeLine(line);
-    pages.finish();
-}
-
 bool isFile(const QPrinter& printer)
 {
     return printer.outputFormat() == QPrinter::PdfFormat;
@@ -150,26 +140,36 @@ QString Printer::fileToReplace()
     return name == printedTo_ && QFileInfo::exists(name) ? name : QString();
 }
 
-void Printer::print(const QString& text, const QString& name)
+void Printer::print(const Drawing& drawing, const QString& name)
 {
     if (!isReachable()) fail();
     printer().setDocName(name);
     printer().setColorMode(stampcol ? QPrinter::Color : QPrinter::GrayScale);
     if (isFile(printer())) {
-        printToFile(text, printer().outputFileName());
+        printToFile(drawing, printer().outputFileName());
     } else {
-        printPages(printer(), font, text);
+        drawing(printer());
     }
 }
 
+void Printer::drawText(QPrinter& printer, const QString& text) const
+{
+    PageWriter pages(printer, font);
+    // What ends the last line begins no further one.
+    const QString lines = text.endsWith(QLatin1Char('\n')) ? text.chopped(1) : text;
+    for (const QString& line : lines.split(QLatin1Char('\n')))
+        pages.writeLine(line);
+    pages.finish();
+}
+
 /// By way of a temporary file, for what writes PDF does not say when the disk is full.
-void Printer::printToFile(const QString& text, const QString& target)
+void Printer::printToFile(const Drawing& drawing, const QString& target)
 {
     const QTemporaryDir folder;
     QFile pdf(folder.filePath(QStringLiteral("stampa.pdf")));
     printer().setOutputFileName(pdf.fileName());
     try {
-        printPages(printer(), font, text);
+        drawing(printer());
     } catch (const RuntimeError&) {
         printer().setOutputFileName(target);
         throw;

@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QString>
+#include <functional>
 #include <memory>
 
 class QPrinter;
@@ -35,14 +36,19 @@ public:
     /// A PDF file that this would replace although the user has printed into it before; empty if none.
     QString fileToReplace();
 
-    /// Prints a text, lines separated by LF, in pages; a line that is too long goes on below, as far in as it
-    /// began. `name`: what the job is called. Raises RuntimeError 57 without a printer or when printing
-    /// fails, and what OutputFile raises.
-    void print(const QString& text, const QString& name);
+    /// Draws on pages from the first one on; raises RuntimeError 57 when that fails.
+    using Drawing = std::function<void(QPrinter&)>;
+    /// Prints what is drawn. `name`: what the job is called. Raises RuntimeError 57 without a printer or when
+    /// printing fails, and what OutputFile raises.
+    void print(const Drawing& drawing, const QString& name);
+
+    /// Draws a text, lines separated by LF, in pages; a line that is too long goes on below, as far in as it
+    /// began.
+    void drawText(QPrinter& printer, const QString& text) const;
 
 private:
     QPrinter& printer();
-    void printToFile(const QString& text, const QString& target);
+    void printToFile(const Drawing& drawing, const QString& target);
 
     std::unique_ptr<QPrinter> printer_;
     QString printedTo_;  ///< the file of the last job

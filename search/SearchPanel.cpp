@@ -260,11 +260,15 @@ void SearchPanel::start(const SearchQuery& query)
         const RuntimeError error = currentError();
         showState();
         emit searchFailed(error);
+        emit ended();
         return;
     }
     showState();
     if (started == SearchDriver::Started::badEnd) frame3_->to->setFocus();
-    if (started != SearchDriver::Started::running) return;
+    if (started != SearchDriver::Started::running) {
+        emit ended();
+        return;
+    }
     parts_.status.showRunning();
     run_.start();
 }
@@ -296,6 +300,7 @@ void SearchPanel::finish(bool refused)
     // On to the hits, if there are any to go through.
     QWidget* list = lists_.shown();
     if (list && driver_.hits().rowCount() > 0) list->setFocus();
+    emit ended();
 }
 
 void SearchPanel::abandon()

@@ -81,6 +81,8 @@ signals:
     void epiDataRequested();
     /// The lists or Frame3 came, went or changed their size.
     void placesChanged();
+    /// A search is over and its results stand, or it could not begin.
+    void ended();
     /// The results that a search has so far were brought up to date.
     void stateShown();
     /// Something worth a word in passing; an empty text takes the last one back.

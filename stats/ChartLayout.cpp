@@ -53,7 +53,8 @@ ChartLayout::ChartLayout(const ChartData& chart, const ChartArea& area, const Ch
 
     const double longest = widest(chart, font, categories_);
     const double mostNames = kMostNames * area.height;
-    setTicks(chart.greatestValue(), area.height - plot_.y - lineHeight_ - margin, font);
+    // The lowest that the plot can be has the widest values: a coarser step ends higher.
+    setTicks(chart.greatestValue(), area.height - plot_.y - mostNames - margin, font);
     plot_.x = margin + tickWidth(font) + margin;
     plot_.width = std::max(legend_.x - margin - plot_.x, 1.0);
     const double readable = std::max(lineHeight_, series_ * kLeastColumn / kFilled);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/Dates.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "stats/StatGrid.h"
 
@@ -15,12 +16,14 @@ namespace quorvin {
 
 namespace {
 
-/// The text as a number or as the serial number of a day, if it is one from end to end.
+/// The text (an empty count too) as a number, or as the serial number of a day, if it is one from end to end.
 using Reading = std::optional<double> (*)(const std::string&);
 
 std::optional<double> asNumber(const std::string& text)
 {
-    const bool plain = text.find_first_not_of("0123456789.-+") == std::string::npos;
+    if (text.empty()) return 0;
+    const bool plain = text.find_first_not_of("0123456789.-+") == std::string::npos &&
+                       text.find_first_of("0123456789") != std::string::npos;
     // Digits and marks in any order, such as those of a telephone number, are text.
     const bool one =
         text.find_first_of("-+", 1) == std::string::npos && std::count(text.begin(), text.end(), '.') <= 1;
@@ -60,7 +63,8 @@ std::vector<int> sorted(int rows, Direction direction, const auto& isBefore)
 
 std::vector<int> rowOrder(const StatGrid& grid, int column, Direction direction)
 {
-    const int rows = std::max(grid.totalsRow() - 1, 0);
+    if (column < 0 || column >= grid.columns()) throw RuntimeError(ErrorNumber::subscript);
+    const int rows = grid.totalsRow() - 1;
     for (const Reading reading : {&asNumber, &asDate}) {
         if (const auto key = keys(grid, column, reading)) {
             return sorted(rows, direction, [&](int a, int b) {

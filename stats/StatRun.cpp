@@ -25,9 +25,13 @@ void StatRun::clear()
     ready_ = false;
 }
 
-void StatRun::searchStarts(const SearchQuery&, RecordNumber, RecordNumber)
+void StatRun::searchAsked(const SearchQuery&, RecordNumber)
 {
     clear();
+}
+
+void StatRun::searchStarts(const SearchQuery&, RecordNumber, RecordNumber)
+{
     options_ = askOptions();
     table.accorpa = options_.accorpa;
     const FieldList& selected = options_.SelectedFields;

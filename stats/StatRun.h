@@ -33,6 +33,7 @@ public:
     /// Empties the table for the next search.
     void clear();
 
+    void searchAsked(const SearchQuery& query, RecordNumber recordCount) override;
     void searchStarts(const SearchQuery& query, RecordNumber searchStart, RecordNumber searchEnd) override;
     void recordMatched(const Matcher& matcher) override;
     void searchEnds(SearchEnd end, std::string_view criteria, const Matcher& matcher) override;

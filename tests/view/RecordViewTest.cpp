@@ -199,16 +199,17 @@ TEST_F(RecordViewTest, StatisticsModesPaintFormAndBox)
 {
     struct Case {
         const char* mode;
-        QColor form;
+        QColor labels;
         QColor box;
     };
     for (const Case& c : {Case{"freq", QColor(128, 0, 128), QColor(0, 255, 0)},
                           Case{"tabella", QColor(128, 0, 0), QColor(255, 255, 0)}}) {
         open(test::rec({{}}).records(1));
-        item(c.mode).setChecked(true);
+        choose(c.mode);
+        EXPECT_EQ(background("Label2(1)"), QColor(128, 0, 128)) << c.mode;
         click("Text2(1)");
-        EXPECT_EQ(formColour(), c.form) << c.mode;
-        EXPECT_EQ(control("Label2(1)").palette().color(QPalette::Window), c.form) << c.mode;
+        EXPECT_EQ(formColour(), QColor(128, 0, 128)) << c.mode;
+        EXPECT_EQ(background("Label2(1)"), c.labels) << c.mode;
         EXPECT_EQ(background("Text2(1)"), c.box) << c.mode;
         EXPECT_EQ(control("Text2(1)").palette().color(QPalette::Text), QColor(0, 0, 128)) << c.mode;
     }

@@ -1,0 +1,70 @@
+#include "app/FormPlaces.h"
+
+#include <QRectF>
+
+#include "app/FormCanvas.h"
+#include "output/OutputPanel.h"
+#include "search/HitListView.h"
+#include "search/SearchPanel.h"
+#include "stats/StatPanel.h"
+#include "view/MenuState.h"
+#include "view/Navigator.h"
+#include "view/RecordView.h"
+
+namespace quorvin {
+
+namespace {
+
+/// Places on the form: left, top, width, height in columns and lines; 0 reaches to the edge.
+constexpr QRectF kNavigatorPlace(0, 0, 0, RecordView::kTopLines);
+constexpr QRectF kRecordPlace(0, RecordView::kTopLines, 0, 0);
+
+/// First lines of the print file and of the statistics, below which the record gives way to them.
+constexpr double kPrintTop = 26;
+constexpr double kStatTop = 20;
+/// And when both are shown.
+constexpr double kStatTopAbovePrint = 12;
+
+}  // namespace
+
+FormPlaces::FormPlaces(const FormParts& parts) : parts_(parts)
+{
+    parts_.canvas.place(&parts_.navigator, kNavigatorPlace);
+    parts_.canvas.place(&parts_.search.Frame3(), SearchPanel::kFrame3Place);
+    update();
+}
+
+void FormPlaces::update()
+{
+    const HitLists& lists = parts_.search.lists();
+    const QRectF place = HitLists::place(parts_.menu.isTicked(QStringLiteral("maxel")));
+    parts_.canvas.place(lists.List1, place);
+    parts_.canvas.place(lists.List2, place);
+    PrintFrame& printFrame = parts_.output.printFrame();
+    StatFrame& statFrame = parts_.statistics.frame();
+    const bool prints = !printFrame.isHidden();
+    const bool counts = !statFrame.isHidden();
+    const bool enlarged = counts && statFrame.isEnlarged();
+
+    QRectF record = kRecordPlace;
+    if (!parts_.search.Frame3().isHidden()) record.setRight(SearchPanel::kFrame3Place.left());
+    if (lists.shown()) record.setRight(place.left());
+    const double right = lists.shown() || enlarged ? record.right() : 0;
+    const QRectF print(0, kPrintTop, right, 0);
+    QRectF stat(0, kStatTop, right, 0);
+    if (enlarged) {
+        stat.moveTop(record.top());
+    } else if (prints) {
+        stat = QRectF(0, kStatTopAbovePrint, right, kPrintTop - kStatTopAbovePrint);
+    }
+    if (prints) record.setBottom(kPrintTop);
+    if (counts) record.setBottom(stat.top());
+    // Behind an enlarged table its boxes would still take keys.
+    parts_.record.setVisible(!enlarged);
+    parts_.canvas.place(&printFrame, print);
+    parts_.canvas.place(&statFrame, stat);
+    parts_.canvas.place(&parts_.record, record);
+    if (enlarged) statFrame.raise();
+}
+
+}  // namespace quorvin

@@ -1,0 +1,345 @@
+#include "stats/StatPanel.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QImage>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+#include "stats/ChartView.h"
+#include "tests/output/OutputFixture.h"
+
+namespace quorvin {
+namespace {
+
+namespace fs = std::filesystem;
+using test::bytesOf;
+using test::text;
+
+class StatPanelTest : public test::WindowTest {
+protected:
+    StatPanelTest()
+    {
+        open(test::rec({{.length = 10, .name = "CITTA"}, {.length = 2, .fieldY = 2, .name = "FIGLI"}})
+                 .record({"Roma", "2"})
+                 .record({"Bari", "10"})
+                 .record({"Roma", "2"})
+                 .record({"Roma", "x"})
+                 .record({"Como", ""})
+                 .record({"", "2"}));
+        choose("elencorekord");
+    }
+
+    QAbstractItemModel& grid() { return *control<QTableView>("MSFlexGrid1").model(); }
+    /// All cells as they stand, rows separated by "|", cells by ",".
+    std::string cells()
+    {
+        QStringList rows;
+        for (int i = 0; i < grid().rowCount(); ++i) {
+            QStringList row;
+            for (int j = 0; j < grid().columnCount(); ++j)
+                row.append(grid().index(i, j).data().toString());
+            rows.append(row.join(text(",")));
+        }
+        return rows.join(text("|")).toStdString();
+    }
+    bool isShown() { return control("MSFlexGrid1").isVisible(); }
+    ChartView& chart() { return control<ChartView>("ChartSpace1"); }
+    /// Colour of the picture, in places of the layout's content.
+    QRgb pixel(double x, double y)
+    {
+        const QImage picture = chart().viewport()->grab().toImage();
+        const double left = chart().chartLayout().plot().x - chart().horizontalScrollBar()->value();
+        return picture.pixel(QPointF(left + x, y).toPoint());
+    }
+    void openRows(int rows)
+    {
+        auto rec = test::rec({{.length = 6, .name = "NOME"}});
+        open(rec.records(rows));
+        choose("elencorekord");
+    }
+};
+
+TEST_F(StatPanelTest, ModesDisableAndEnableAndLeaveNothingBehind)
+{
+    for (const char* mode : {"freq", "tabella"}) {
+        const char* other = mode == std::string("freq") ? "tabella" : "freq";
+        item("unirek").setChecked(true);
+        item(other).setChecked(true);
+        control<QCheckBox>("Check3").setChecked(true);
+        choose(mode);
+        EXPECT_FALSE(item("unirek").isChecked() || item(other).isChecked()) << mode;
+        EXPECT_FALSE(control<QCheckBox>("Check3").isChecked());
+        EXPECT_EQ(item("stat").text().remove(QLatin1Char('&')), text("STATISTICA"));
+        for (const char* name : {"stampa", "esporta", "documento", "impostadoc", "preferenze"})
+            EXPECT_FALSE(item(name).isEnabled()) << name;
+        for (const char* name : {"Check1", "Check3"})
+            EXPECT_FALSE(control(name).isEnabled()) << name;
+        for (const char* name : {"accorpa", "SommaCampNum", "GrafImpost"}) {
+            choose(name);
+            EXPECT_TRUE(item(name).isChecked()) << name;
+        }
+        // The other mode follows without leaving this one.
+        choose(other);
+        EXPECT_TRUE(item("accorpa").isChecked() && item("GrafImpost").isChecked());
+        EXPECT_FALSE(item("SommaCampNum").isChecked() || item(mode).isChecked());
+        choose(other);
+        EXPECT_EQ(item("stat").text().remove(QLatin1Char('&')), text("Statistica"));
+        for (const char* name : {"accorpa", "SommaCampNum", "GrafImpost"})
+            EXPECT_FALSE(item(name).isChecked() || item(name).isEnabled()) << name;
+        EXPECT_TRUE(item("stampa").isEnabled() && item("esporta").isEnabled() &&
+                    item("preferenze").isEnabled());
+        EXPECT_TRUE(control("Check1").isEnabled() && control("Check3").isEnabled());
+    }
+    for (const char* blocking : {"stamp1", "stamp2", "impostadoc"}) {
+        item(blocking).setChecked(true);
+        choose("freq");
+        EXPECT_FALSE(item("freq").isChecked()) << blocking;
+        item(blocking).setChecked(false);
+    }
+    item("MenExcel").setChecked(true);
+    choose("freq");
+    choose("GrafImpost");
+    EXPECT_FALSE(item("MenExcel").isChecked());
+}
+
+TEST_F(StatPanelTest, BothTablesWithTheirSums)
+{
+    choose("freq");
+    choose("SommaCampNum");
+    search({{2, " "}});
+    EXPECT_EQ(cells(), "FIGLI     /,,|2,3,3|10,1,1|X,1,1|ZX TOT.,5,5|ZZFIGLI      TUTTI ,,16");
+    EXPECT_EQ(grid().index(5, 2).data(Qt::BackgroundRole).value<QColor>(), QColor(0, 255, 0));
+    EXPECT_FALSE(grid().index(5, 1).data(Qt::BackgroundRole).isValid());
+    EXPECT_TRUE(control("MSFlexGrid1").hasFocus());
+    click("Command3");
+    EXPECT_TRUE(isShown()) << "what was counted can be read while a new search is made";
+
+    choose("tabella");
+    EXPECT_FALSE(isShown());
+    choose("SommaCampNum");
+    search({{2, " "}, {1, "o"}});
+    EXPECT_EQ(cells(), "CITTA     /FIGLI     ,2,X,|ROMA,2,1,3|ZX TOT.,2,1,3|ZZCITTA      O,4,,4");
+    EXPECT_EQ(grid().index(3, 1).data(Qt::BackgroundRole).value<QColor>(), QColor(255, 255, 0));
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+
+    choose("elencorekord");
+    dialogs_.yesAnswers = 1;
+    search({{1, "Roma"}});
+    EXPECT_FALSE(isShown()) << "a table that the user has refused";
+    choose("elencorekord");
+    search({{1, "Roma"}});
+    EXPECT_TRUE(isShown());
+    openFile(file());
+    EXPECT_FALSE(isShown() || item("accorpa").isEnabled());
+}
+
+TEST_F(StatPanelTest, GroupingOutlivesTheModeAndTheFile)
+{
+    const auto dates = test::rec({{.length = 10, .name = "DATA"}})
+                           .record({"05/03/2004"})
+                           .record({"17/03/2004"})
+                           .record({"2004"})
+                           .record({"01/01/2005"});
+    const auto count = [&] {
+        open(dates);
+        choose("elencorekord");
+        choose("freq");
+    };
+    count();
+    choose("accorpa");
+    search({{1, "0"}});
+    EXPECT_EQ(cells(), "DATA      /,,|03/2004,2,2|2004,1,1|01/2005,1,1|ZX TOT.,4,4|ZZDATA       0,,");
+    count();
+    search({{1, "2004"}});
+    EXPECT_EQ(cells(), "DATA      /,,|03/2004,2,2|4,1,1|ZX TOT.,3,3|ZZDATA       2004,,");
+    choose("accorpa");
+    choose("accorpa");
+    click("Command3");
+    search({{1, "2004"}});
+    EXPECT_EQ(cells(),
+              "DATA      /,,|05/03/2004,1,1|17/03/2004,1,1|2004,1,1|ZX TOT.,3,3|ZZDATA       2004,,");
+}
+
+TEST_F(StatPanelTest, RowsAreSortedAndCopiedAsTheyStand)
+{
+    choose("freq");
+    search({{2, " "}});
+    auto& view = control<QTableView>("MSFlexGrid1");
+    const auto order = [&] {
+        QString heads;
+        for (int i = 1; i < grid().rowCount(); ++i)
+            heads += grid().headerData(i, Qt::Vertical).toString().left(2) + text(" ");
+        return heads.toStdString();
+    };
+    QHeaderView& head = *view.horizontalHeader();
+    const auto clickHead = [&] {
+        const QPoint place(head.sectionViewportPosition(1) + 5, head.height() / 2);
+        QTest::mouseClick(head.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    };
+    for (const char* expected : {"2 10 X ZX ZZ ", "10 X 2 ZX ZZ ", "2 10 X ZX ZZ "}) {
+        clickHead();
+        EXPECT_EQ(order(), expected);
+    }
+    for (const char* expected : {"10 2 X ZX ZZ ", "X 2 10 ZX ZZ "}) {
+        QTest::mouseClick(&control("corner"), Qt::LeftButton);
+        EXPECT_EQ(order(), expected);
+    }
+    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(),
+              text("FIGLI     /\t\t\nX\t1\t1\n2\t3\t3\n10\t1\t1\nZX TOT.\t5\t5\nZZFIGLI      TUTTI \t\t\n"));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
+                      view.visualRect(grid().index(2, 1)).center());
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), text("3\n1\n"));
+    EXPECT_TRUE(view.isRowHidden(0) && view.isColumnHidden(0)) << "they are the headers";
+}
+
+TEST_F(StatPanelTest, TheChartOfEachTable)
+{
+    choose("freq");
+    choose("GrafImpost");
+    dialogs_.typed = text("Famiglie ");
+    search({{2, " "}});
+    EXPECT_EQ(dialogs_.messages, QStringList(text("Titolo del Grafico:")));
+    EXPECT_EQ(chart().chart().title, "Famiglie FIGLI");
+    ASSERT_EQ(chart().chart().series.size(), 1U);
+    EXPECT_FALSE(chart().chart().hasLegend);
+    const ChartLayout& layout = chart().chartLayout();
+    const ChartRect highest = layout.column({0, 1}, 3);
+    const double middle = highest.x + highest.width / 2;
+    EXPECT_NEAR(highest.height, 3 * layout.column({0, 2}, 1).height, 0.01);
+    EXPECT_EQ(pixel(middle, highest.y + 3), seriesColour(0).rgb());
+    EXPECT_EQ(pixel(middle, highest.bottom() - 3), seriesColour(0).rgb());
+    const ChartRect second = layout.column({0, 2}, 1);
+    EXPECT_EQ(pixel(second.x + second.width / 2, second.bottom() - 3), seriesColour(0).rgb());
+    EXPECT_EQ(pixel(highest.right() + 3, highest.bottom() - 3), QColor(Qt::white).rgb());
+
+    choose("tabella");
+    dialogs_.typed.clear();
+    search({{2, " "}, {1, "a"}});
+    EXPECT_EQ(chart().chart().title, " CITTA/FIGLI");
+    ASSERT_EQ(chart().chart().series.size(), 3U);
+    EXPECT_EQ(chart().chart().series[1].caption, "10");
+    const ChartRect ten = chart().chartLayout().column({1, 2}, 1);
+    EXPECT_EQ(pixel(ten.x + ten.width / 2, ten.y + 3), seriesColour(1).rgb());
+    choose("GrafImpost");
+    search({{2, " "}, {1, "a"}});
+    EXPECT_TRUE(isShown() && !chart().isVisible());
+}
+
+TEST_F(StatPanelTest, LimitsAreSaidAfterTheTable)
+{
+    const QString subscript = text("Indice non incluso nell'intervallo");
+    const QString full = text("Interruzione !! tabella asse Y > 800 elementi !! ");
+    struct Case {
+        int rows;
+        bool chart;
+        QStringList messages;
+        int shown;
+    };
+    for (const Case& c :
+         {Case{798, false, {}, 798}, Case{801, false, {text("!") + full}, 799},
+          Case{199, true, {text("Titolo del Grafico:")}, 199},
+          Case{200, true, {text("!Errore!! ") + subscript}, 200},
+          Case{801, true, {text("!Errore!! ") + subscript, text("!") + subscript + full}, 799}}) {
+        openRows(c.rows);
+        choose("freq");
+        if (c.chart) choose("GrafImpost");
+        dialogs_.messages.clear();
+        search({{1, "r"}});
+        EXPECT_EQ(dialogs_.messages, c.messages) << c.rows;
+        EXPECT_EQ(grid().rowCount(), c.shown + 3) << c.rows;
+        EXPECT_EQ(chart().isVisible(), c.chart && c.rows < 200) << c.rows;
+    }
+}
+
+TEST_F(StatPanelTest, ManyCategoriesScrollAndStretch)
+{
+    openRows(199);
+    choose("freq");
+    choose("GrafImpost");
+    search({{1, "r"}});
+    QScrollBar& bar = *chart().horizontalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    const int usual = bar.maximum();
+    QTest::keyClick(&chart(), Qt::Key_Plus);
+    EXPECT_GT(bar.maximum(), usual);
+    for (int i = 0; i < 20; ++i)
+        QTest::keyClick(&chart(), Qt::Key_Minus);
+    EXPECT_EQ(bar.maximum(), 0) << "all in sight";
+    QTest::keyClick(&chart(), Qt::Key_0);
+    EXPECT_EQ(bar.maximum(), usual);
+    QTest::keyClick(&chart(), Qt::Key_End);
+    const ChartRect last = chart().chartLayout().column({0, 199}, 1);
+    EXPECT_EQ(pixel(last.x + last.width / 2, last.bottom() - 3), seriesColour(0).rgb());
+    bar.setValue(bar.value() / 2);
+    const ChartRect middle = chart().chartLayout().column({0, 100}, 1);
+    EXPECT_EQ(pixel(middle.x + middle.width / 2, middle.bottom() - 3), seriesColour(0).rgb());
+}
+
+TEST_F(StatPanelTest, TheChartIsPrintedAndSaved)
+{
+    const fs::path picture = folder_.path() / "chart.jpg";
+    choose("freq");
+    search({{2, " "}});
+    click("Command4");
+    EXPECT_FALSE(fs::exists(picture)) << "a table without a chart";
+    choose("GrafImpost");
+    search({{2, " "}});
+    folder_.write("chart.jpg", "mine");
+    dialogs_.messages.clear();
+    dialogs_.pdf = test::text((folder_.path() / "out.pdf").string().c_str());
+    choose("impoststamp");
+    click("Command4");
+    ASSERT_EQ(dialogs_.messages.size(), 1);
+    EXPECT_TRUE(dialogs_.messages[0].contains(text("chart.jpg")));
+    EXPECT_EQ(bytesOf(picture), "mine");
+    EXPECT_TRUE(bytesOf(folder_.path() / "out.pdf").starts_with("%PDF"));
+    dialogs_.yesAnswers = 3;
+    click("Command4");
+    EXPECT_GT(QImage(QString::fromStdString(picture.string())).width(), 500);
+    dialogs_.messages.clear();
+    fs::remove(folder_.path() / "out.pdf");
+    click("Command4");
+    EXPECT_TRUE(dialogs_.messages.isEmpty()) << "its own picture is replaced";
+    fs::remove(picture);
+    fs::create_directory(picture);
+    fs::remove(folder_.path() / "out.pdf");
+    click("Command4");
+    ASSERT_EQ(dialogs_.messages.size(), 1);
+    EXPECT_TRUE(dialogs_.messages[0].startsWith(text("!Errore file !! ")));
+    EXPECT_TRUE(fs::exists(folder_.path() / "out.pdf")) << "printing does not depend on it";
+}
+
+TEST_F(StatPanelTest, TheFrameIsEnlargedClosedAndTakesTheFont)
+{
+    choose("freq");
+    search({{2, " "}});
+    dialogs_.font = QFont(text("DejaVu Sans Mono"), 7, QFont::Bold);
+    choose("prefstamp");
+    EXPECT_TRUE(control("MSFlexGrid1").font().bold());
+    QWidget& frame = control("statFrame");
+    const int height = frame.height();
+    frame.findChild<QToolButton*>(text("enlarge"))->click();
+    EXPECT_GT(frame.height(), height);
+    EXPECT_FALSE(control("Text2(1)").isVisible());
+    QTest::keyClick(&control("MSFlexGrid1"), Qt::Key_Escape);
+    EXPECT_FALSE(isShown());
+    EXPECT_TRUE(control("Text2(1)").isVisible());
+    EXPECT_NE(form_->focusWidget(), nullptr);
+    search({{2, "2"}});
+    EXPECT_EQ(frame.height(), height);
+    EXPECT_EQ(frame.geometry().bottom(), frame.parentWidget()->rect().bottom());
+}
+
+}  // namespace
+}  // namespace quorvin
