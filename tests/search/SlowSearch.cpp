@@ -11,17 +11,6 @@ namespace quorvin::test {
 
 namespace {
 
-std::string prepared(const std::string& text)
-{
-    return std::string(trim(upper(text)));
-}
-
-std::string withoutPunctuation(std::string text)
-{
-    std::erase_if(text, [](char c) { return inStr(". ,-;:_'", std::string(1, c)) != 0; });
-    return text;
-}
-
 std::string plusToBlank(std::string text)
 {
     std::replace(text.begin(), text.end(), '+', ' ');
@@ -78,6 +67,14 @@ bool matches(int mode, const std::string& value, const std::string& pattern)
 
 }  // namespace
 
+std::string prepared(const SlowSearch& search, const std::string& text)
+{
+    std::string value(trim(upper(text)));
+    if (search.eliminapuntegg)
+        std::erase_if(value, [](char c) { return inStr(". ,-;:_'", std::string(1, c)) != 0; });
+    return value;
+}
+
 bool isHit(const SlowSearch& search, const std::vector<std::string>& record)
 {
     const std::size_t count = search.selection.size();
@@ -89,13 +86,8 @@ bool isHit(const SlowSearch& search, const std::vector<std::string>& record)
         const bool joined = set >= count - search.joined;
         std::string value;
         for (std::size_t j = joined ? count - search.joined : i; j < (joined ? count : i + 1); ++j)
-            value += prepared(record.at(static_cast<std::size_t>(search.selection[j])));
-        std::string pattern = prepared(search.texts[i]);
-        if (search.eliminapuntegg) {
-            value = withoutPunctuation(value);
-            pattern = withoutPunctuation(pattern);
-        }
-        if (!matches(search.mode, value, pattern)) return false;
+            value += prepared(search, record.at(static_cast<std::size_t>(search.selection[j])));
+        if (!matches(search.mode, value, prepared(search, search.texts[i]))) return false;
     }
     return true;
 }

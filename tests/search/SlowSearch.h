@@ -14,6 +14,9 @@ struct SlowSearch {
     std::size_t joined = 0;          ///< fields at the selection's end that are searched as one
 };
 
+/// A stored value, or a search text, as it is compared.
+std::string prepared(const SlowSearch& search, const std::string& text);
+
 /// Whether a record is a hit. `record`: stored value of each field, slot 0 unused.
 bool isHit(const SlowSearch& search, const std::vector<std::string>& record);
 
