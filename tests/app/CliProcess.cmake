@@ -52,6 +52,23 @@ expect(2 "--unirek non vale per il modo 8" cerca ${rec} -c NOME=a --modo 8 --uni
 expect(2 "devono essere gli ultimi" cerca ${rec} -c NOME=a -c ETA=6 --unirek NOME)
 expect(2 "valore non valido" cerca ${rec} -c NOME=a --modo 9)
 
+# Tables; the last ones of dates, and of more values than there is room for.
+expect(0 "^ETA       /\t\t\n66\t2\t2\n70\t1\t1\nZX TOT.\t3\t3\nZZETA        TUTTI \t\t202\n$" frequenza ${rec} -c ETA= --somma)
+expect(0 "^NOME      /ETA       \t66\t70\t\nROSSI\t1\t\t1\nDE ROSA\t\t1\t1\nZX TOT.\t1\t1\t2\nZZNOME       ROS\t66\t70\t136\n$" tabella ${rec} -c ETA= -c NOME=ros --somma)
+expect(0 "^ETA       /NOME      \t[^\t]+\tA B\t\n" tabella ${rec} -c "#3=" -c ETA=)
+expect(0 "^{\n  \"asseY\": \"NOME\",\n  \"asseX\": \"ETA\",\n  \"ricerca\": \"ROS\",\n.*\"DE ROSA\",\n      \"conteggi\": [[]\n        0,\n        1\n.*\"somma\": 136" tabella ${rec} -c ETA= -c NOME=ros --somma --formato json)
+expect(1 "^ETA       /\t\nZX TOT.\t\nZZETA        99\t\n$" frequenza ${rec} -c ETA=99)
+expect(0 "^NOME      /\t\nZX TOT.\t\nZZNOME       TUTTI \t\n$" frequenza ${rec} -c "#3=" --modo 2 --da 3)
+expect(0 "^$" tabella ${rec} -c NOME=r --quiet)
+expect(1 "^$" tabella ${rec} -c NOME=x --quiet --formato json)
+expect(2 "valore non valido" tabella ${rec} -c NOME=r --formato csv)
+expect(2 "^Errore!! intervallo di rekord non valido, il file ne ha 3\n$" frequenza ${rec} -c NOME=r --a 4)
+file(WRITE ${WORK}/dates.rec "1 1\n_DATA         1   1  30   5   1   1  10 112 a\n05/03/2004!\n17/03/2004!\n2004      !\n")
+expect(0 "/\t\t\n03/2004\t2\t2\n2004\t1\t1\nZX" frequenza ${WORK}/dates.rec -c DATA= --accorpa)
+execute_process(COMMAND ${MKREC} 1500 ${WORK}/many.rec)
+expect(0 "\nZX TOT.\t812\t812\nZZNASCITA    TUTTI \t\t\nInterruzione !! tabella asse Y > 800 elementi !! \n$" frequenza ${WORK}/many.rec -c NASCITA=)
+expect(0 "^Interruzione !! tabella asse X > 200 elementi !! \n$" tabella ${WORK}/many.rec -c NASCITA= -c SESSO= --quiet)
+
 # New files and the print file, with a matrix of ETA and NOME and a margin of 2.
 set(new ${WORK}/new.rec)
 file(REMOVE ${new})
@@ -92,6 +109,7 @@ file(APPEND ${WORK}/torn.rec "${end}a3!\na4 !\n")
 expect(2 "^rekord,A\n1,a1\n2,a2\nErrore!! Input oltre la fine del file\n$" cerca ${WORK}/torn.rec -c A=a --formato csv)
 string(REPEAT "a " 51 words)
 expect(2 "^Errore!! Indice non incluso nell'intervallo\n$" cerca ${rec} -c NOME=${words} --modo 7)
+expect(2 "^Errore!! Indice non incluso nell'intervallo\n$" frequenza ${rec} -c NOME=${words} --modo 7)
 
 # The sample comes from the generator, on every system.
 execute_process(COMMAND ${MKREC} 500 ${WORK}/sample.rec RESULT_VARIABLE result)
