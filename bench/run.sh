@@ -53,6 +53,18 @@ ${rg:+rg -c	rg -c -a --no-config '(?-u)Fr\\xe9zet' $file
 rg -c -i	rg -c -i -a --no-config '(?-u)Fr\\xe9zet' $file}
 COMMANDS
     echo
+    # Every record is found and counted.
+    "$bin/compare" <<COMMANDS
+quorvin-cli cerca, mode 4, few hits	$cerca -c COGNOME=$few
+quorvin-cli frequenza, the same	$bin/quorvin-cli frequenza $file -c COGNOME=$few
+quorvin-cli tabella, few hits	$bin/quorvin-cli tabella $file -c COGNOME=$few -c COMUNE=
+quorvin-cli cerca, every record, one field	$cerca -c COMUNE= --quiet
+quorvin-cli frequenza, every record	$bin/quorvin-cli frequenza $file -c COMUNE= --quiet
+quorvin-cli cerca, every record, two fields	$cerca -c ETA= -c COMUNE= --quiet
+quorvin-cli tabella, every record	$bin/quorvin-cli tabella $file -c ETA= -c COMUNE= --quiet
+quorvin-cli tabella, full at once	$bin/quorvin-cli tabella $file -c NASCITA= -c COGNOME= --quiet
+COMMANDS
+    echo
     new=$data/new.rec
     old=$data/old.rec
     one=$data/one.rec

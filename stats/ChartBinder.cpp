@@ -29,7 +29,7 @@ ChartData Window_OnLoad(const StatTable& table)
         for (int i = 1; i < table.nuovoY(); ++i)
             counts.values[i] = static_cast<double>(table.conteggi(i, s));
     }
-    chart.hasLegend = true;
+    chart.HasChartSpaceLegend = true;
     return chart;
 }
 

@@ -50,7 +50,7 @@ struct ChartSeries {
 struct ChartData {
     ChartSlots<std::string> categories;
     std::vector<ChartSeries> series;
-    bool hasLegend = false;
+    bool HasChartSpaceLegend = false;  ///< names the series
     std::string title;
 
     /// The last category that has a name; 0 when there is none.

@@ -76,7 +76,7 @@ void ChartLayout::placeLegend(const ChartData& chart, const ChartArea& area, con
 {
     const double right = area.width - margin;
     legend_ = {right, plot_.y, 0, std::max(area.height - plot_.y - margin, lineHeight_)};
-    if (!chart.hasLegend || series_ == 0) return;
+    if (!chart.HasChartSpaceLegend || series_ == 0) return;
     double longest = 0;
     for (const ChartSeries& s : chart.series)
         longest = std::max(longest, font.width(s.caption));

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <algorithm>
 #include <utility>
 
@@ -61,9 +62,10 @@ void StatGridView::setGrid(StatGrid grid)
     setRowHidden(0, true);
     setColumnHidden(0, true);
     fitColumns();
-    setCurrentIndex(model_->index(1, 1));
+    setCurrentIndex(model_->index(model_->grid().totalsRow(), model_->grid().totalsColumn()));
     clearSelection();
     scrollToTop();
+    horizontalScrollBar()->setValue(0);
 }
 
 void StatGridView::setGridFont(const QFont& font)

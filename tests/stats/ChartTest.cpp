@@ -33,13 +33,13 @@ TEST(ChartBinder, SlotsAndSeries)
     const ChartData freq = BindChartToArrays(table, {" Valore   ", "GRUPPO    ", "", 0, 0});
     ASSERT_EQ(freq.series.size(), 1U);
     EXPECT_EQ(freq.series[0].caption, "Valore");
-    EXPECT_FALSE(freq.hasLegend);
+    EXPECT_FALSE(freq.HasChartSpaceLegend);
     EXPECT_EQ(filledSlots(freq, freq.series[0]), (Slots{"1 A 3", "2 B 1", "3 C 1"}));
 
     const ChartData cross = Window_OnLoad(table);
     ASSERT_EQ(cross.series.size(), 2U) << "none for the blanks";
     EXPECT_EQ(cross.series[0].caption + cross.series[1].caption, "XY");
-    EXPECT_TRUE(cross.hasLegend);
+    EXPECT_TRUE(cross.HasChartSpaceLegend);
     EXPECT_EQ(filledSlots(cross, cross.series[0]), (Slots{"1 A 2", "2 B 0", "3 C 0"}));
     EXPECT_EQ(filledSlots(cross, cross.series[1]), (Slots{"1 A 1", "2 B 1", "3 C 0"}));
 }
@@ -68,7 +68,7 @@ ChartData chartOf(int series, int categories, std::size_t nameLength)
 {
     ChartData chart;
     chart.title = "Titolo";
-    chart.hasLegend = series > 1;
+    chart.HasChartSpaceLegend = series > 1;
     for (int i = 1; i <= categories; ++i)
         chart.categories[i] = std::string(nameLength, 'N');
     for (int s = 0; s < series; ++s) {

@@ -212,7 +212,7 @@ TEST_F(StatPanelTest, TheChartOfEachTable)
     EXPECT_EQ(dialogs_.messages, QStringList(text("Titolo del Grafico:")));
     EXPECT_EQ(chart().chart().title, "Famiglie FIGLI");
     ASSERT_EQ(chart().chart().series.size(), 1U);
-    EXPECT_FALSE(chart().chart().hasLegend);
+    EXPECT_FALSE(chart().chart().HasChartSpaceLegend);
     const ChartLayout& layout = chart().chartLayout();
     const ChartRect highest = layout.column({0, 1}, 3);
     const double middle = highest.x + highest.width / 2;
