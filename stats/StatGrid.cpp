@@ -8,6 +8,9 @@ namespace quorvin {
 
 namespace {
 
+/// Stands for the search text when the field was searched for nothing.
+constexpr char kAll[] = " TUTTI ";
+
 std::string countText(RecordNumber count)
 {
     return count == 0 ? std::string() : bareStr(static_cast<double>(count));
@@ -54,9 +57,8 @@ void StatGrid::fillCaptions(const StatTable& table, StatMode mode)
             cell(0, j).text = table.valoriX(j);
     }
     cell(totalsRow(), 0).text = kTotals;
-    std::string& caption = cell(totalsRow() + 1, 0).text;
-    caption = kCaptionPrefix + captions_.lastName + ' ';
-    caption += captions_.fieldPattern.empty() ? "TUTTI " : captions_.fieldPattern;
+    const std::string searched = captions_.fieldPattern.empty() ? kAll : ' ' + captions_.fieldPattern;
+    cell(totalsRow() + 1, 0).text = kCaptionPrefix + captions_.lastName + searched;
 }
 
 void StatGrid::fillCounts(const StatTable& table)
