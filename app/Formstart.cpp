@@ -143,9 +143,24 @@ void Formstart::connectParts()
     connect(navigator_, &Navigator::moveFailed, this, &Formstart::showHint);
     connect(frames_->Frame10->Check1, &QCheckBox::clicked, this, &Formstart::Check1_Click);
     connect(frames_->Frame10->Check3, &QCheckBox::clicked, this, &Formstart::Check3_Click);
+    connectPanel(*searchPanel_);
+    connectPanel(*matrixPanel_);
+    connectPanel(*outputPanel_);
+    connectPanel(*statPanel_);
     connectSearch();
     connectOutput();
     connectStatistics();
+}
+
+/// What the panels ask of the window alike; not all of them ask everything.
+template<class Panel>
+void Formstart::connectPanel(Panel& panel)
+{
+    connect(&panel, &Panel::azzeravarRequested, this, &Formstart::azzeravar);
+    connect(&panel, &Panel::cancellaRequested, this, &Formstart::cancella);
+    if constexpr (requires { &Panel::placesChanged; })
+        connect(&panel, &Panel::placesChanged, this, [this] { places_->update(); });
+    if constexpr (requires { &Panel::hint; }) connect(&panel, &Panel::hint, this, &Formstart::showHint);
 }
 
 void Formstart::connectSearch()
@@ -153,16 +168,12 @@ void Formstart::connectSearch()
     searchPanel_->continuo = [this] {
         return dialogs_.question(BoxIcon::question, fromUtf8Text(messages::kContinue), QString());
     };
-    connect(searchPanel_, &SearchPanel::azzeravarRequested, this, &Formstart::azzeravar);
-    connect(searchPanel_, &SearchPanel::cancellaRequested, this, &Formstart::cancella);
     connect(searchPanel_, &SearchPanel::fieldChosen, this, &Formstart::Text2_Click);
     connect(searchPanel_, &SearchPanel::searchFailed, this,
             [this](const RuntimeError& error) { showError(messages::kError, error); });
     connect(searchPanel_, &SearchPanel::hitFailed, this,
             [this](const RuntimeError& error) { showError(messages::kHitError, error); });
     connect(searchPanel_, &SearchPanel::epiDataRequested, this, &Formstart::EpiData_Click);
-    connect(searchPanel_, &SearchPanel::placesChanged, this, [this] { places_->update(); });
-    connect(searchPanel_, &SearchPanel::hint, this, &Formstart::showHint);
     connect(canvas_, &FormCanvas::scaleChanged, &searchPanel_->lists(), &HitLists::setScale);
     connect(frames_->Frame10->Check2, &QCheckBox::toggled, searchPanel_,
             [this](bool checked) { searchPanel_->Check2 = checked; });
@@ -170,24 +181,14 @@ void Formstart::connectSearch()
 
 void Formstart::connectOutput()
 {
-    connect(matrixPanel_, &MatrixPanel::azzeravarRequested, this, &Formstart::azzeravar);
-    connect(matrixPanel_, &MatrixPanel::cancellaRequested, this, &Formstart::cancella);
     connect(matrixPanel_, &MatrixPanel::choosingChanged, this, &Formstart::Check1_Click);
     connect(matrixPanel_, &MatrixPanel::saveFailed, this,
             [this](const RuntimeError& error) { showError(messages::kFileError, error); });
-    connect(matrixPanel_, &MatrixPanel::hint, this, &Formstart::showHint);
-    connect(outputPanel_, &OutputPanel::azzeravarRequested, this, &Formstart::azzeravar);
-    connect(outputPanel_, &OutputPanel::cancellaRequested, this, &Formstart::cancella);
-    connect(outputPanel_, &OutputPanel::placesChanged, this, [this] { places_->update(); });
-    connect(outputPanel_, &OutputPanel::hint, this, &Formstart::showHint);
 }
 
 void Formstart::connectStatistics()
 {
-    connect(statPanel_, &StatPanel::azzeravarRequested, this, &Formstart::azzeravar);
-    connect(statPanel_, &StatPanel::cancellaRequested, this, &Formstart::cancella);
-    connect(statPanel_, &StatPanel::modeChanged, this, &Formstart::showCounting);
-    connect(statPanel_, &StatPanel::placesChanged, this, [this] { places_->update(); });
+    connect(statPanel_, &StatPanel::modeChanged, this, &Formstart::Check1_Click);
     connect(outputPanel_, &OutputPanel::fontChosen, statPanel_, &StatPanel::setGridFont);
     connect(canvas_, &FormCanvas::scaleChanged, statPanel_, &StatPanel::setScale);
     outputPanel_->addPrintout(statPanel_->chartPrintout());
@@ -347,20 +348,15 @@ void Formstart::EpiData_Click()
     }
 }
 
+/// Colours of form and record: a mode's, the file's or the usual ones.
 void Formstart::Check1_Click()
 {
     const bool original = frames_->Frame10->Check1->isChecked() && !matrixPanel_->isChoosing();
+    const QColor counting = statPanel_->isCounting() ? paletteColour(kCountingColour) : QColor();
+    const QColor ofFile = original ? paletteColour(recFile_.screenColour()) : QColor();
     recordView_->useFileColours(original);
-    canvas_->setFormColour(original ? paletteColour(recFile_.screenColour()) : QColor());
-}
-
-/// The form's colours say that a statistics mode is on.
-void Formstart::showCounting(bool counting)
-{
-    const QColor colour = counting ? paletteColour(kCountingColour) : QColor();
-    recordView_->setLabelColour(colour);
-    Check1_Click();
-    if (counting) canvas_->setFormColour(colour);
+    recordView_->setLabelColour(counting);
+    canvas_->setFormColour(counting.isValid() ? counting : ofFile);
 }
 
 void Formstart::Check3_Click()

@@ -49,6 +49,8 @@ private:
     void buildForm();
     void connectMenus();
     void connectParts();
+    template<class Panel>
+    void connectPanel(Panel& panel);
     void connectSearch();
     void connectOutput();
     void connectStatistics();
@@ -71,7 +73,6 @@ private:
     void Command3_Click();
     void Text2_Click(int index);
 
-    void showCounting(bool counting);
     bool isBusy() const;
     void abandon();
     void setCompatible(bool compatible);

@@ -106,12 +106,11 @@ void StatPanel::toggleMode(const QString& mode)
 {
     const auto isTicked = [this](const QString& name) { return parts_.menu.isTicked(name); };
     if (std::any_of(std::begin(kBlocking), std::end(kBlocking), isTicked)) return;
-    const bool on = !isTicked(mode);
-    parts_.menu.setMode(mode, on);
+    parts_.menu.setMode(mode, !isTicked(mode));
     closeFrame();
     emit azzeravarRequested();
     emit cancellaRequested();
-    emit modeChanged(on);
+    emit modeChanged();
 }
 
 void StatPanel::accorpa_Click()

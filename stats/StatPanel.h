@@ -42,6 +42,8 @@ public:
     void setScale(const FormScale& scale);
     void setGridFont(const QFont& font);
 
+    /// Whether one of the modes is on.
+    bool isCounting() const;
     /// While a table is being shown, which may take a box.
     bool isPresenting() const { return presenting_; }
     /// What prints the chart.
@@ -55,7 +57,7 @@ signals:
     void azzeravarRequested();
     void cancellaRequested();
     /// A mode was entered or left.
-    void modeChanged(bool counting);
+    void modeChanged();
     /// The frame came, went or changed its size.
     void placesChanged();
 
@@ -69,7 +71,6 @@ private:
     void GrafImpost_Click();
     void MenExcel_Click();
 
-    bool isCounting() const;
     StatOptions options() const;
     void present();
     void grigliastat();
