@@ -12,6 +12,11 @@ export QT_QPA_PLATFORM=offscreen
 echo "== one comparison"
 "$bin/matcher_bench" --benchmark_color=false 2> /dev/null
 
+if [ -x "$bin/stat_bench" ]; then
+    echo "== the largest tables and charts"
+    "$bin/stat_bench" --benchmark_color=false 2> /dev/null
+fi
+
 # A text that few records hold, and only in this letter case, so that all count the same.
 few=Frézet
 few_ansi=$(printf 'Fr\351zet')
