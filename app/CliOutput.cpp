@@ -32,7 +32,7 @@ PrintMatrix matrixOf(const RecFile& file)
     return matrix;
 }
 
-std::vector<int> fieldsFor(RecFields choice, const RecFile& file, const CliSearchOptions& search)
+std::vector<int> fieldsFor(RecFields choice, const RecFile& file, const SearchQuery& query)
 {
     switch (choice) {
     case RecFields::matrix: {
@@ -41,7 +41,7 @@ std::vector<int> fieldsFor(RecFields choice, const RecFile& file, const CliSearc
         return matrix.entries.numbers();
     }
     case RecFields::selection:
-        return queryFrom(search, file).selection.numbers();
+        return query.selection.numbers();
     case RecFields::all:
         break;
     }
@@ -84,12 +84,13 @@ double createRec(RecFile& file, const CliSearchOptions& search, const CliCreateO
     const std::filesystem::path target = pathFromUtf8(options.target);
     if (options.fields.size() != 1) fail("serve una sola scelta fra --matrice, --ricerca e --tutto");
     requireTarget(target, file, options);
+    const SearchQuery query = queryFrom(search, file);
     RecExport output(file);
     const bool compat = options.compat.value_or(file.fields().isEpiDataCompatible());
     output.prepare(RecExport::Target{std::filesystem::absolute(target),
-                                     fieldsFor(*options.fields.begin(), file, search),
+                                     fieldsFor(*options.fields.begin(), file, query),
                                      greatestLength(compat)});
-    const double hits = searchInto(output, file, search);
+    const double hits = searchInto(output, file, query);
     const auto written = output.takeWritten();
     if (written && written->records == 0) {
         std::cerr << options.target << ": nessun rekord trovato, il file è senza rekord\n";
@@ -113,7 +114,7 @@ double printPrintFile(RecFile& file, const CliSearchOptions& search)
     try {
         if (searches) {
             printFile.stamp2 = true;
-            printed = searchInto(printFile, file, search);
+            printed = searchInto(printFile, file, queryFrom(search, file));
         } else {
             printInterval(printFile, file, search);
             printed = printFile.text().empty() ? 0 : 1;

@@ -134,12 +134,11 @@ void runSearch(SearchDriver& driver, const SearchQuery& query, const RecFile& fi
     if (failure) std::rethrow_exception(failure);
 }
 
-double searchInto(SearchConsumer& consumer, RecFile& file, const CliSearchOptions& options)
+double searchInto(SearchConsumer& consumer, RecFile& file, SearchQuery query)
 {
     noteEndings();
     SearchDriver driver(file);
     driver.addConsumer(consumer);
-    SearchQuery query = queryFrom(options, file);
     query.unlisted = true;
     query.sort = false;
     bool broken = false;

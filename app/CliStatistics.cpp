@@ -1,5 +1,6 @@
 #include "app/CliStatistics.h"
 
+#include <functional>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -32,17 +33,18 @@ Json numbers(int count, const std::function<Json(int)>& number)
     return all;
 }
 
-/// A sum's cell as a number.
+/// A sum's cell as a number; null where the grid shows none.
 Json sum(const StatCell& cell)
 {
-    return cell.text.empty() ? Json(0) : Json::parse(cell.text);
+    return cell.text.empty() ? Json() : Json::parse(cell.text);
 }
 
 /// The same with counts as numbers; blank column values are the last column, named by the empty text.
-void printJson(const StatTable& table, const StatGrid& grid, const StatCaptions& captions)
+void printJson(const StatRun& run)
 {
+    const StatTable& table = run.table;
+    const StatGrid grid = run.grid();
     const int columns = grid.totalsColumn() - 1;
-    const int sums = grid.totalsRow() + 1;
     const auto text = [](std::string_view cell) { return onOneLine(cell); };
     Json rows = Json::array();
     for (int i = 1; i < table.nuovoY(); ++i) {
@@ -51,30 +53,32 @@ void printJson(const StatTable& table, const StatGrid& grid, const StatCaptions&
                         {"totale", table.totaliRiga(i)}});
     }
     Json json = {
-        {"asseY", text(trim(captions.lastName))},
-        {"asseX", text(trim(captions.penultimateName))},
-        {"ricerca", text(captions.fieldPattern)},
+        {"asseY", text(trim(run.captions().lastName))},
+        {"asseX", text(trim(run.captions().penultimateName))},
+        {"ricerca", text(run.captions().fieldPattern)},
         {"colonne", numbers(columns, [&](int j) { return text(table.valoriX(j)); })},
         {"righe", rows},
         {"totaliColonne", numbers(columns, [&](int j) { return table.totaliColonna(j); })},
         {"totale", table.total()},
-        {"somme", numbers(columns, [&](int j) { return sum(grid.at(sums, j)); })},
-        {"somma", sum(grid.at(sums, grid.totalsColumn()))},
     };
-    std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    if (run.options().SommaCampNum) {
+        const int row = grid.totalsRow() + 1;
+        json["somme"] = numbers(columns, [&](int j) { return sum(grid.at(row, j)); });
+        json["somma"] = sum(grid.at(row, grid.totalsColumn()));
+    }
+    std::cout << json.dump(2) << '\n';
 }
 
-StatOptions statOptions(const RecFile& file, const CliSearchOptions& search, StatMode mode,
+/// Fields that only --unirek names are searched, not counted.
+StatOptions statOptions(const SearchQuery& query, std::size_t given, StatMode mode,
                         const CliStatOptions& options)
 {
     StatOptions stat;
     stat.mode = mode;
     stat.accorpa = options.accorpa;
     stat.SommaCampNum = options.somma;
-    // Fields that only --unirek names are searched, not counted.
-    const FieldList selection = queryFrom(search, file).selection;
-    for (int i = 1; i <= static_cast<int>(search.criteria.size()); ++i)
-        stat.SelectedFields.append(selection.at(i));
+    for (int i = 1; i <= static_cast<int>(given); ++i)
+        stat.SelectedFields.append(query.selection.at(i));
     return stat;
 }
 
@@ -84,11 +88,11 @@ double printStatistics(RecFile& file, const CliSearchOptions& search, StatMode m
                        const CliStatOptions& options)
 {
     StatRun run(file.fields());
-    const StatOptions stat = statOptions(file, search, mode, options);
-    run.askOptions = [&stat] { return stat; };
-    const double hits = searchInto(run, file, search);
+    const SearchQuery query = queryFrom(search, file);
+    run.askOptions = [&] { return statOptions(query, search.criteria.size(), mode, options); };
+    const double hits = searchInto(run, file, query);
     if (!search.quiet && options.format == GridFormat::tsv) printTsv(run.grid());
-    if (!search.quiet && options.format == GridFormat::json) printJson(run.table, run.grid(), run.captions());
+    if (!search.quiet && options.format == GridFormat::json) printJson(run);
     if (run.table.isFullY()) std::cerr << messages::kLimitY << '\n';
     if (run.table.isFullX()) std::cerr << messages::kLimitX << '\n';
     return hits;

@@ -193,9 +193,9 @@ void addSearchOptions(CLI::App& command, CliSearchOptions& search, bool needsCri
     command.add_flag("--maiuscolo", search.maiuscolo, "legge i rekord in maiuscolo");
     command.add_option("--unirek", search.unirek, "cerca questi campi come uno solo")
         ->option_text("CAMPO,CAMPO");
-    command.add_flag("--sort", search.sort, "righe in ordine alfabetico");
+    command.add_flag("--sort", search.sort, "righe dell'elenco in ordine alfabetico");
     command.add_flag("--maxel", search.maxel, "con --sort: valori di 38 caratteri invece di 19");
-    command.add_flag("--check2", search.check2, "aggiunge alle righe il penultimo campo");
+    command.add_flag("--check2", search.check2, "aggiunge alle righe dell'elenco il penultimo campo");
     command.add_flag("--quiet", search.quiet, "non scrive nulla, conta solo l'esito");
 }
 
@@ -247,14 +247,14 @@ void addCreateOptions(CLI::App& command, CliCreateOptions& create)
     })->excludes(compat);
 }
 
-int run(int argc, char** argv)
+/// A command of the program and what runs it.
+struct Command {
+    CLI::App* app;
+    std::function<int(const Arguments&)> run;
+};
+
+std::vector<Command> declareCommands(CLI::App& app, Arguments& arguments)
 {
-    CLI::App app("Quorvin dalla riga di comando: legge i file .rec di EpiData.", "quorvin-cli");
-    useItalianLabels(app);
-    app.set_version_flag("--version", std::string("quorvin-cli " QUORVIN_VERSION), "mostra la versione")
-        ->group("Opzioni");
-    app.require_subcommand(1);
-    Arguments arguments;
     CLI::App* info = addCommand(app, "info", "descrive il file e i suoi campi", arguments);
     addJsonFlag(*info, arguments);
     CLI::App* show = addCommand(app, "mostra", "mostra un rekord", arguments);
@@ -276,7 +276,24 @@ int run(int argc, char** argv)
     CLI::App* print =
         addCommand(app, "stampa", "stampa i rekord trovati, o un intervallo, con la matrice", arguments);
     addSearchOptions(*print, arguments.search, false);
+    return {{info, runInfo},
+            {show, runShow},
+            {search, runSearch},
+            {frequency, [](const Arguments& a) { return runStatistics(a, StatMode::freq); }},
+            {table, [](const Arguments& a) { return runStatistics(a, StatMode::tabella); }},
+            {create, runCreate},
+            {print, runPrint}};
+}
 
+int run(int argc, char** argv)
+{
+    CLI::App app("Quorvin dalla riga di comando: legge i file .rec di EpiData.", "quorvin-cli");
+    useItalianLabels(app);
+    app.set_version_flag("--version", std::string("quorvin-cli " QUORVIN_VERSION), "mostra la versione")
+        ->group("Opzioni");
+    app.require_subcommand(1);
+    Arguments arguments;
+    const std::vector<Command> commands = declareCommands(app, arguments);
     std::vector<std::string> words = utf8Arguments(argc, argv);
     std::reverse(words.begin(), words.end());
     try {
@@ -286,12 +303,9 @@ int run(int argc, char** argv)
         std::cerr << "quorvin-cli: " << inItalian(error) << "; vedi quorvin-cli --help\n";
         return kError;
     }
-    if (search->parsed()) return runSearch(arguments);
-    if (frequency->parsed()) return runStatistics(arguments, StatMode::freq);
-    if (table->parsed()) return runStatistics(arguments, StatMode::tabella);
-    if (create->parsed()) return runCreate(arguments);
-    if (print->parsed()) return runPrint(arguments);
-    return info->parsed() ? runInfo(arguments) : runShow(arguments);
+    const auto given = std::find_if(commands.begin(), commands.end(),
+                                    [](const Command& command) { return command.app->parsed(); });
+    return given->run(arguments);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace quorvin {
 /// are.
 char toUpper(char c);
 std::string upper(std::string_view text);
-/// The capitals of `text` behind what `target` holds.
+/// The capitals of `text`, which must not be part of it, behind what `target` holds.
 void appendUpper(std::string& target, std::string_view text);
 
 /// Windows-1252 to UTF-8. The five codes that the page leaves open become the control characters of the same

@@ -14,9 +14,10 @@ constexpr double kLeastColumn = 3;
 constexpr double kGreatestColumn = 60;
 /// Share of a category that its columns take.
 constexpr double kFilled = 0.8;
-/// Shares of the area that names and legend take at most.
+/// Shares of the area that names take at most, a column of the legend, and all its columns.
 constexpr double kMostNames = 0.3;
-constexpr double kMostLegend = 0.3;
+constexpr double kMostLegendColumn = 0.3;
+constexpr double kMostLegend = 0.5;
 constexpr double kLinesBetweenTicks = 2.5;
 
 /// The smallest of 1, 2, 5, 10, 20 … that is not below `least`.
@@ -46,7 +47,8 @@ ChartLayout::ChartLayout(const ChartData& chart, const ChartArea& area, const Ch
     lineHeight_(font.lineHeight)
 {
     const double margin = lineHeight_ / 2;
-    title_ = {margin, margin, area.width - 2 * margin, chart.title.empty() ? 0 : 1.5 * lineHeight_};
+    title_ = {margin, margin, std::max(area.width - 2 * margin, 1.0),
+              chart.title.empty() ? 0 : 1.5 * lineHeight_};
     // Room above the plot for the value of the highest column.
     plot_.y = title_.bottom() + lineHeight_;
     placeLegend(chart, area, font, margin);
@@ -54,7 +56,8 @@ ChartLayout::ChartLayout(const ChartData& chart, const ChartArea& area, const Ch
     const double longest = widest(chart, font, categories_);
     const double mostNames = kMostNames * area.height;
     // The lowest that the plot can be has the widest values: a coarser step ends higher.
-    setTicks(chart.greatestValue(), area.height - plot_.y - mostNames - margin, font);
+    const double lowest = area.height - margin - std::max(mostNames, lineHeight_) - margin / 2 - plot_.y;
+    setTicks(chart.greatestValue(), lowest, font);
     plot_.x = margin + tickWidth(font) + margin;
     plot_.width = std::max(legend_.x - margin - plot_.x, 1.0);
     const double readable = std::max(lineHeight_, series_ * kLeastColumn / kFilled);
@@ -83,9 +86,8 @@ void ChartLayout::placeLegend(const ChartData& chart, const ChartArea& area, con
     const int fitting = std::max(static_cast<int>(legend_.height / lineHeight_), 1);
     legendRows_ = area.whole ? std::min(fitting, series_) : series_;
     const int columns = (series_ + legendRows_ - 1) / legendRows_;
-    const double most = kMostLegend * area.width;
-    legendColumnWidth_ = std::min(longest + 2 * lineHeight_, std::max(most, 1.0));
-    legend_.width = std::min(legendColumnWidth_ * columns, std::max(area.width / 2, most));
+    legendColumnWidth_ = std::min(longest + 2 * lineHeight_, kMostLegendColumn * area.width);
+    legend_.width = std::min(legendColumnWidth_ * columns, kMostLegend * area.width);
     legendColumnWidth_ = std::min(legendColumnWidth_, legend_.width / columns);
     legend_.x = right - legend_.width;
     legendHeight_ = legendRows_ * lineHeight_;

