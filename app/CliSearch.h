@@ -41,8 +41,8 @@ SearchQuery queryFrom(const CliSearchOptions& options, const RecFile& file);
 void runSearch(SearchDriver& driver, const SearchQuery& query, const RecFile& file,
                const std::function<void(SearchDriver::State)>& afterStep);
 
-/// Runs a search without any list; returns the number of hits. A request to end the program ends it like an error,
-/// so that nothing half written is left.
+/// Runs a search without any list; returns the number of hits. A request to end the program ends it like an
+/// error, so that nothing half written is left.
 double searchInto(SearchConsumer& consumer, RecFile& file, SearchQuery query);
 
 /// Raises the CliError for a range of records that the file does not have.

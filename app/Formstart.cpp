@@ -19,6 +19,7 @@
 #include "app/FormFrames.h"
 #include "app/FormPlaces.h"
 #include "app/PreferencesFrame.h"
+#include "app/PreferencesPanel.h"
 #include "base/RuntimeError.h"
 #include "output/ExportPanel.h"
 #include "output/MatrixPanel.h"
@@ -96,6 +97,9 @@ void Formstart::buildForm()
     canvas_->place(Label7, kInvitationPlace);
 
     frames_ = new FormFrames(menuTree_, *canvas_);
+    preferences_ = new PreferencesPanel(
+        {recFile_, matrixPanel_->matrix(), *recordView_, *canvas_, menuTree_, dialogs_, *frames_->Frame10},
+        this);
     menuTree_.addControl(*frames_->Frame10->Check1);
     menuTree_.addControl(*frames_->Frame10->Check3);
     menuTree_.addControl(searchPanel_->Frame3());
@@ -114,9 +118,6 @@ void Formstart::connectMenus()
 {
     menuTree_.onClicks<Formstart>(*this, {{QStringLiteral("aprifile"), &Formstart::aprifile_Click},
                                           {QStringLiteral("preferenze"), &Formstart::preferenze_Click},
-                                          {QStringLiteral("impostMaiusc"), &Formstart::impostMaiusc_Click},
-                                          {QStringLiteral("compEpidat"), &Formstart::compEpidat_Click},
-                                          {QStringLiteral("adatta600"), &Formstart::adatta600_Click},
                                           {QStringLiteral("esci"), &Formstart::esci_Click},
                                           {QStringLiteral("EpiData"), &Formstart::EpiData_Click}});
     menuTree_.isBlocked = [this] { return isBusy(); };
@@ -141,8 +142,7 @@ void Formstart::connectParts()
     connect(navigator_, &Navigator::expandRequested, &menuTree_.item(QStringLiteral("maxel")),
             &QAction::trigger);
     connect(navigator_, &Navigator::moveFailed, this, &Formstart::showHint);
-    connect(frames_->Frame10->Check1, &QCheckBox::clicked, this, &Formstart::Check1_Click);
-    connect(frames_->Frame10->Check3, &QCheckBox::clicked, this, &Formstart::Check3_Click);
+    connect(preferences_, &PreferencesPanel::adatta600Changed, this, &Formstart::fitScreen);
     connectPanel(*searchPanel_);
     connectPanel(*matrixPanel_);
     connectPanel(*outputPanel_);
@@ -181,14 +181,14 @@ void Formstart::connectSearch()
 
 void Formstart::connectOutput()
 {
-    connect(matrixPanel_, &MatrixPanel::choosingChanged, this, &Formstart::Check1_Click);
+    connect(matrixPanel_, &MatrixPanel::choosingChanged, preferences_, &PreferencesPanel::Check1_Click);
     connect(matrixPanel_, &MatrixPanel::saveFailed, this,
             [this](const RuntimeError& error) { showError(messages::kFileError, error); });
 }
 
 void Formstart::connectStatistics()
 {
-    connect(statPanel_, &StatPanel::modeChanged, this, &Formstart::Check1_Click);
+    connect(statPanel_, &StatPanel::modeChanged, preferences_, &PreferencesPanel::Check1_Click);
     connect(outputPanel_, &OutputPanel::fontChosen, statPanel_, &StatPanel::setGridFont);
     connect(canvas_, &FormCanvas::scaleChanged, statPanel_, &StatPanel::setScale);
     outputPanel_->addPrintout(statPanel_->chartPrintout());
@@ -232,8 +232,8 @@ void Formstart::Form_Load()
     if (!recFile_.hasName()) return;
     try {
         layOutFields();
-        setCompatible(recFile_.fields().isEpiDataCompatible());
-        Check1_Click();
+        preferences_->setCompatible(recFile_.fields().isEpiDataCompatible());
+        preferences_->Check1_Click();
         recFile_.measure();
         navigator_->showCount();
         recordView_->showScrollBar(recFile_.fieldCount());
@@ -310,25 +310,8 @@ void Formstart::preferenze_Click()
     frames_->preferenze_Click();
 }
 
-void Formstart::impostMaiusc_Click()
+void Formstart::fitScreen(bool low)
 {
-    recFile_.impostMaiusc = menuTree_.toggle(QStringLiteral("impostMaiusc"));
-}
-
-void Formstart::compEpidat_Click()
-{
-    setCompatible(!menuTree_.isTicked(QStringLiteral("compEpidat")));
-}
-
-void Formstart::setCompatible(bool compatible)
-{
-    menuTree_.setTicked(QStringLiteral("compEpidat"), compatible);
-    recordView_->setCompatible(compatible);
-}
-
-void Formstart::adatta600_Click()
-{
-    const bool low = menuTree_.toggle(QStringLiteral("adatta600"));
     const int others = kTitleBar + menuBar()->height() + statusBar()->height();
     canvas_->setMostHeight(low ? kLowScreen - others : 0);
 }
@@ -346,27 +329,6 @@ void Formstart::EpiData_Click()
     } catch (const std::exception&) {
         showError(messages::kFileError, currentError());
     }
-}
-
-/// Colours of form and record: a mode's, the file's or the usual ones.
-void Formstart::Check1_Click()
-{
-    const bool original = frames_->Frame10->Check1->isChecked() && !matrixPanel_->isChoosing();
-    const QColor counting = statPanel_->isCounting() ? paletteColour(kCountingColour) : QColor();
-    const QColor ofFile = original ? paletteColour(recFile_.screenColour()) : QColor();
-    recordView_->useFileColours(original);
-    recordView_->setLabelColour(counting);
-    canvas_->setFormColour(counting.isValid() ? counting : ofFile);
-}
-
-void Formstart::Check3_Click()
-{
-    const PreferencesFrame& Frame10 = *frames_->Frame10;
-    if (!Frame10.Check3->isChecked()) return;
-    Frame10.Check4->setChecked(false);
-    Frame10.Check4->setEnabled(false);
-    if (matrixPanel_->matrix().entries.empty())
-        dialogs_.message(BoxIcon::exclamation, fromUtf8Text(messages::kEmptyMatrix));
 }
 
 void Formstart::Command3_Click()

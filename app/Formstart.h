@@ -19,6 +19,7 @@ class FormPlaces;
 class MatrixPanel;
 class Navigator;
 class OutputPanel;
+class PreferencesPanel;
 class RecordView;
 class RuntimeError;
 class SearchPanel;
@@ -63,19 +64,14 @@ private:
 
     void aprifile_Click();
     void preferenze_Click();
-    void impostMaiusc_Click();
-    void compEpidat_Click();
-    void adatta600_Click();
     void esci_Click();
     void EpiData_Click();
-    void Check1_Click();
-    void Check3_Click();
     void Command3_Click();
     void Text2_Click(int index);
 
     bool isBusy() const;
     void abandon();
-    void setCompatible(bool compatible);
+    void fitScreen(bool low);
     void showState();
     void showHint(const QString& text);
     void showError(const char* prefix, const RuntimeError& error);
@@ -94,6 +90,7 @@ private:
     StatPanel* statPanel_ = nullptr;
     std::unique_ptr<FormPlaces> places_;
     FormFrames* frames_ = nullptr;
+    PreferencesPanel* preferences_ = nullptr;
     QLabel* Label7 = nullptr;
 };
 

@@ -88,11 +88,6 @@ void OutputPanel::reset(bool fileOpen)
 
 // The modes
 
-bool OutputPanel::isCounting() const
-{
-    return parts_.menu.isTicked(QStringLiteral("freq")) || parts_.menu.isTicked(QStringLiteral("tabella"));
-}
-
 /// What follows from the ticks of the two modes.
 void OutputPanel::followModes()
 {
@@ -125,7 +120,7 @@ void OutputPanel::stamp1_Click()
         emit cancellaRequested();
         return;
     }
-    if (isCounting()) return;
+    if (parts_.menu.isAnyTicked(MenuState::kCountingModes)) return;
     parts_.menu.setMode(kStamp1, true);
     begin();
     frame_->Frame8().from->clear();
@@ -145,7 +140,7 @@ void OutputPanel::stamp2_Click()
         followModes();
         return;
     }
-    if (isCounting()) return;
+    if (parts_.menu.isAnyTicked(MenuState::kCountingModes)) return;
     // Frame8 takes the focus with it.
     if (frame_->isAncestorOf(frame_->window()->focusWidget())) parts_.navigator.focusNext();
     parts_.menu.setMode(kStamp2, true);
@@ -318,7 +313,8 @@ void OutputPanel::Command4_Click()
     if (Printout* printout = shownPrintout()) {
         printout->prepare();
         print([printout](QPrinter& printer) { printout->print(printer); });
-    } else if (!isCounting() && !frame_->isHidden() && !frame_->text().isEmpty()) {
+    } else if (!parts_.menu.isAnyTicked(MenuState::kCountingModes) && !frame_->isHidden() &&
+               !frame_->text().isEmpty()) {
         print([this](QPrinter& printer) { printer_.drawText(printer, frame_->text()); });
     } else {
         emit hint(QStringLiteral("non c'è nulla da stampare"));

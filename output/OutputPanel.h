@@ -85,7 +85,6 @@ private:
 
     Printout* shownPrintout() const;
     void print(const Printer::Drawing& drawing);
-    bool isCounting() const;
     void begin();
     void warnOfEmptyMatrix();
     bool printFor(qint64 milliseconds);

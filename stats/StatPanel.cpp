@@ -1,7 +1,6 @@
 #include "stats/StatPanel.h"
 
 #include <QScopedValueRollback>
-#include <algorithm>
 #include <exception>
 
 #include "base/RuntimeError.h"
@@ -27,10 +26,6 @@ const QString kAccorpa = QStringLiteral("accorpa");
 const QString kSommaCampNum = QStringLiteral("SommaCampNum");
 const QString kGrafImpost = QStringLiteral("GrafImpost");
 const QString kMenExcel = QStringLiteral("MenExcel");
-
-/// While one of these is on, no statistics mode begins or ends.
-const QString kBlocking[] = {QStringLiteral("stamp1"), QStringLiteral("stamp2"),
-                             QStringLiteral("impostadoc")};
 
 /// Pitch of the grid's font in columns of the form.
 constexpr double kPitch = 0.9;
@@ -70,27 +65,24 @@ void StatPanel::reset()
 {
     run_.clear();
     ownFont_ = false;
+    frame_->grid().setGridFont(usualFont_);
     closeFrame();
 }
 
 void StatPanel::setScale(const FormScale& scale)
 {
-    if (!ownFont_) frame_->grid().setGridFont(scale.squeezedFont(kPitch));
+    usualFont_ = scale.squeezedFont(kPitch);
+    if (!ownFont_) frame_->grid().setGridFont(usualFont_);
 }
 
 void StatPanel::setGridFont(const QFont& font)
 {
-    if (!isCounting()) return;
+    if (!parts_.menu.isAnyTicked(MenuState::kCountingModes)) return;
     ownFont_ = true;
     frame_->grid().setGridFont(font);
 }
 
 // The modes
-
-bool StatPanel::isCounting() const
-{
-    return parts_.menu.isTicked(kFreq) || parts_.menu.isTicked(kTabella);
-}
 
 void StatPanel::freq_Click()
 {
@@ -104,9 +96,8 @@ void StatPanel::tabella_Click()
 
 void StatPanel::toggleMode(const QString& mode)
 {
-    const auto isTicked = [this](const QString& name) { return parts_.menu.isTicked(name); };
-    if (std::any_of(std::begin(kBlocking), std::end(kBlocking), isTicked)) return;
-    parts_.menu.setMode(mode, !isTicked(mode));
+    if (parts_.menu.isAnyTicked({"stamp1", "stamp2", "impostadoc"})) return;
+    parts_.menu.setMode(mode, !parts_.menu.isTicked(mode));
     closeFrame();
     emit azzeravarRequested();
     emit cancellaRequested();

@@ -42,8 +42,6 @@ public:
     void setScale(const FormScale& scale);
     void setGridFont(const QFont& font);
 
-    /// Whether one of the modes is on.
-    bool isCounting() const;
     /// While a table is being shown, which may take a box.
     bool isPresenting() const { return presenting_; }
     /// What prints the chart.
@@ -82,6 +80,7 @@ private:
     StatRun run_;
     StatFrame* frame_;
     ChartPrintout printout_;
+    QFont usualFont_;
     bool ownFont_ = false;  ///< the grid has a font that was chosen for printing
     bool presenting_ = false;
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <algorithm>
 #include <functional>
 #include <initializer_list>
 #include <utility>
@@ -12,12 +13,20 @@ namespace quorvin {
 /// Options and modes are ticks of menu items; whoever needs one reads it when it runs. Names are the items'.
 class MenuState {
 public:
+    /// The modes in which searches are counted.
+    static constexpr std::initializer_list<const char*> kCountingModes = {"freq", "tabella"};
+
     MenuState() = default;
     MenuState(const MenuState&) = delete;
     MenuState& operator=(const MenuState&) = delete;
     virtual ~MenuState() = default;
 
     virtual bool isTicked(const QString& name) const = 0;
+    bool isAnyTicked(std::initializer_list<const char*> names) const
+    {
+        return std::any_of(names.begin(), names.end(),
+                           [this](const char* name) { return isTicked(QString::fromLatin1(name)); });
+    }
     virtual void setTicked(const QString& name, bool ticked) = 0;
     /// Inverts a tick and returns its new state.
     bool toggle(const QString& name)
