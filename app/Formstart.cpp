@@ -104,12 +104,12 @@ void Formstart::buildForm()
     menuTree_.addControl(*frames_->Frame10->Check3);
     menuTree_.addControl(searchPanel_->Frame3());
 
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(canvas_);
-    setCentralWidget(scroll);
+    scroll_ = new QScrollArea(this);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(canvas_);
+    setCentralWidget(scroll_);
     statusBar()->addWidget(searchStatus_, 1);
     statusBar()->addPermanentWidget(&searchPanel_->norecSign());
 }
@@ -189,6 +189,8 @@ void Formstart::connectOutput()
 void Formstart::connectStatistics()
 {
     connect(statPanel_, &StatPanel::modeChanged, preferences_, &PreferencesPanel::Check1_Click);
+    connect(statPanel_, &StatPanel::tableShown, this,
+            [this] { scroll_->ensureWidgetVisible(&statPanel_->frame(), 0, 0); });
     connect(outputPanel_, &OutputPanel::fontChosen, statPanel_, &StatPanel::setGridFont);
     connect(canvas_, &FormCanvas::scaleChanged, statPanel_, &StatPanel::setScale);
     outputPanel_->addPrintout(statPanel_->chartPrintout());

@@ -9,6 +9,7 @@
 #include "view/Selections.h"
 
 class QLabel;
+class QScrollArea;
 
 namespace quorvin {
 
@@ -80,6 +81,7 @@ private:
     RecFile recFile_;
     Selections selections_;
     MenuTree menuTree_;
+    QScrollArea* scroll_ = nullptr;
     FormCanvas* canvas_ = nullptr;
     RecordView* recordView_ = nullptr;
     Navigator* navigator_ = nullptr;

@@ -145,8 +145,8 @@ void SearchPanel::unirek_Click()
 {
     if (parts_.menu.isTicked(kSommcamp)) return;
     if (parts_.menu.toggle(kUnirek) && !worksWithJoinedFields(mode())) setMode(static_cast<int>(kUsualMode));
-    parts_.selections.searchSelection.clear();
-    parts_.selections.joinList.clear();
+    // With their highlights the fields lose all that they were chosen for.
+    parts_.selections.clear();
     parts_.recordView.clearHighlights();
     parts_.navigator.focusNext();
 }

@@ -14,13 +14,17 @@ namespace quorvin {
 
 namespace {
 
-/// Pictures and pages are laid out in these units: pixels of a picture, of which a page has as many in its
-/// width.
+/// Pictures and pages are laid out in these units, pixels of a picture. Those of a page are stretched to its
+/// width; on A4 in upright format the letters have then 4 to 10 points.
 constexpr int kFontPixels = 13;
-constexpr int kPictureWidth = 1000;
-constexpr int kPictureHeight = 700;
-constexpr int kMostPictureWidth = 6000;
-constexpr int kMostPageWidth = 1600;
+struct Widths {
+    int least;
+    int most;
+};
+constexpr Widths kPictureWidths = {1000, 6000};
+constexpr Widths kPageWidths = {700, 1600};
+/// Share of the least width.
+constexpr double kHeight = 0.7;
 
 QRectF rect(const ChartRect& r)
 {
@@ -50,6 +54,8 @@ public:
         drawCategories(area);
         drawAxes();
         drawLegend();
+        if (chart_.series.empty() || chart_.lastCategory() == 0)
+            drawText(rect(layout_.plot()), Qt::AlignCenter, QStringLiteral("nessun valore da disegnare"));
     }
 
 private:
@@ -59,6 +65,7 @@ private:
                           metrics_.elidedText(text, Qt::ElideRight, place.width()));
     }
 
+    /// The end of a title that is too long is what the table is about; it stays.
     void drawTitle()
     {
         const QFont usual = painter_.font();
@@ -68,7 +75,7 @@ private:
         const QRectF place = rect(layout_.title());
         const QString title = fromAnsi(chart_.title);
         painter_.drawText(place, Qt::AlignCenter | Qt::TextSingleLine,
-                          QFontMetricsF(bold).elidedText(title, Qt::ElideRight, place.width()));
+                          QFontMetricsF(bold).elidedText(title, Qt::ElideMiddle, place.width()));
         painter_.setFont(usual);
     }
 
@@ -177,18 +184,19 @@ QFont pictureFont()
     return font;
 }
 
-/// Width at which everything can be told apart, within bounds.
-int naturalWidth(const ChartData& chart, int most)
+/// Size at which everything can be told apart, within bounds.
+QSizeF naturalSize(const ChartData& chart, const Widths& widths)
 {
-    const ChartLayout narrow(chart, {kPictureWidth, kPictureHeight}, chartFont(pictureFont()));
+    const double height = kHeight * widths.least;
+    const ChartLayout narrow(chart, {static_cast<double>(widths.least), height}, chartFont(pictureFont()));
     const double beyond = narrow.contentWidth() - narrow.plot().width;
-    return static_cast<int>(std::min(kPictureWidth + beyond, static_cast<double>(most)));
+    return {std::floor(std::min<double>(widths.least + beyond, widths.most)), height};
 }
 
-void paintPicture(QPainter& painter, const ChartData& chart, QSize size)
+void paintPicture(QPainter& painter, const ChartData& chart, const QSizeF& size)
 {
     const QFont font = pictureFont();
-    const ChartArea area{static_cast<double>(size.width()), static_cast<double>(size.height()), 1, true};
+    const ChartArea area{size.width(), size.height(), 1, true};
     paintChart(painter, chart, ChartLayout(chart, area, chartFont(font)), area, font, {});
 }
 
@@ -219,20 +227,20 @@ void paintChart(QPainter& painter, const ChartData& chart, const ChartLayout& la
 
 void paintWholeChart(QPainter& painter, const ChartData& chart, const QRectF& place)
 {
-    const int width = naturalWidth(chart, kMostPageWidth);
+    const double width = naturalSize(chart, kPageWidths).width();
     const double scale = place.width() / width;
     // On a page that is higher than wide it takes the upper part.
-    const int most = width * kPictureHeight / kPictureWidth;
+    const double height = std::min(kHeight * width, place.height() / scale);
     painter.save();
     painter.translate(place.topLeft());
     painter.scale(scale, scale);
-    paintPicture(painter, chart, {width, std::min(most, static_cast<int>(place.height() / scale))});
+    paintPicture(painter, chart, {width, height});
     painter.restore();
 }
 
 QImage chartPicture(const ChartData& chart)
 {
-    QImage picture(naturalWidth(chart, kMostPictureWidth), kPictureHeight, QImage::Format_RGB32);
+    QImage picture(naturalSize(chart, kPictureWidths).toSize(), QImage::Format_RGB32);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing, false);
     paintPicture(painter, chart, picture.size());

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyleOptionFocusRect>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -47,6 +48,16 @@ void ChartView::setTitle(const std::string& title)
     layOut();
 }
 
+void ChartView::zoomIn()
+{
+    zoom(kZoomStep);
+}
+
+void ChartView::zoomOut()
+{
+    zoom(1 / kZoomStep);
+}
+
 void ChartView::zoom(double factor)
 {
     QScrollBar& bar = *horizontalScrollBar();
@@ -86,6 +97,11 @@ void ChartView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(viewport());
     paintChart(painter, chart_, layout_, area(), font(), scroll());
+    if (!hasFocus()) return;
+    QStyleOptionFocusRect mark;
+    mark.initFrom(viewport());
+    mark.backgroundColor = Qt::white;
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &mark, &painter, viewport());
 }
 
 void ChartView::resizeEvent(QResizeEvent* event)
@@ -97,7 +113,7 @@ void ChartView::resizeEvent(QResizeEvent* event)
 void ChartView::wheelEvent(QWheelEvent* event)
 {
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
-        zoom(event->angleDelta().y() > 0 ? kZoomStep : 1 / kZoomStep);
+        event->angleDelta().y() > 0 ? zoomIn() : zoomOut();
         event->accept();
         return;
     }
@@ -114,10 +130,10 @@ void ChartView::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Plus:
-        zoom(kZoomStep);
+        zoomIn();
         break;
     case Qt::Key_Minus:
-        zoom(1 / kZoomStep);
+        zoomOut();
         break;
     case Qt::Key_0:
         zoom(1 / zoom_);
@@ -141,9 +157,10 @@ bool ChartView::viewportEvent(QEvent* event)
     return true;
 }
 
-/// "series - category: value" of the column there.
+/// The title, or "series - category: value" of the column there.
 QString ChartView::tipAt(const QPoint& place) const
 {
+    if (place.y() < layout_.title().bottom()) return fromAnsi(chart_.title);
     const ChartRect& plot = layout_.plot();
     if (place.x() < plot.x || place.x() > plot.right()) return {};
     const auto column = layout_.columnAt(place.x() - plot.x + scroll().categories, place.y());

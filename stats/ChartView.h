@@ -25,8 +25,9 @@ public:
     /// Where its parts stand now.
     const ChartLayout& chartLayout() const { return layout_; }
 
-    /// Stretches the categories by a factor.
-    void zoom(double factor);
+    /// Stretch and shrink the categories by a step.
+    void zoomIn();
+    void zoomOut();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -37,6 +38,7 @@ protected:
 
 private:
     void layOut();
+    void zoom(double factor);
     ChartArea area() const;
     ChartScroll scroll() const;
     QString tipAt(const QPoint& place) const;

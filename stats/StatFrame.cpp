@@ -12,12 +12,6 @@
 
 namespace quorvin {
 
-namespace {
-
-constexpr double kZoomStep = 1.5;
-
-}  // namespace
-
 StatFrame::StatFrame(QWidget* parent) :
     QFrame(parent),
     title_(new QLabel(this)),
@@ -42,8 +36,8 @@ StatFrame::StatFrame(QWidget* parent) :
     enlarge_->setCheckable(true);
     enlarge_->setObjectName(QStringLiteral("enlarge"));
     close_ = addButton(*head, QStringLiteral("×"), QStringLiteral("chiudi (Esc)"));
-    connect(zoomOut_, &QToolButton::clicked, chart_, [this] { chart_->zoom(1 / kZoomStep); });
-    connect(zoomIn_, &QToolButton::clicked, chart_, [this] { chart_->zoom(kZoomStep); });
+    connect(zoomOut_, &QToolButton::clicked, chart_, &ChartView::zoomOut);
+    connect(zoomIn_, &QToolButton::clicked, chart_, &ChartView::zoomIn);
     connect(enlarge_, &QToolButton::clicked, this, &StatFrame::enlarged);
     connect(close_, &QToolButton::clicked, this, &StatFrame::closeRequested);
 

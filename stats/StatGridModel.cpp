@@ -91,7 +91,8 @@ QVariant StatGridModel::headerData(int section, Qt::Orientation orientation, int
     case Qt::ToolTipRole:
         return across ? text(0, section) : text(section, 0);
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue((across ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        return QVariant::fromValue((across && section > 0 ? Qt::AlignRight : Qt::AlignLeft) |
+                                   Qt::AlignVCenter);
     default:
         return {};
     }

@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPushButton>
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
@@ -18,6 +17,15 @@ constexpr double kMostCaption = 0.5;
 /// Pixels around a cell's text.
 constexpr int kPadding = 12;
 
+/// A cell's text without what would end the cell where it is pasted.
+QString onOneLine(QString text)
+{
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control) c = QLatin1Char(' ');
+    }
+    return text;
+}
+
 /// First click on a column's head: the values upwards, the greatest count first.
 Qt::SortOrder firstOrder(int column)
 {
@@ -29,7 +37,7 @@ Qt::SortOrder firstOrder(int column)
 StatGridView::StatGridView(QWidget* parent) :
     QTableView(parent),
     model_(new StatGridModel(this)),
-    corner_(new QPushButton(this))
+    corner_(new QHeaderView(Qt::Horizontal, this))
 {
     setObjectName(QStringLiteral("MSFlexGrid1"));
     setAccessibleName(QStringLiteral("tabella dei conteggi"));
@@ -45,11 +53,12 @@ StatGridView::StatGridView(QWidget* parent) :
     horizontalHeader()->setSortIndicatorShown(true);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     corner_->setObjectName(QStringLiteral("corner"));
-    corner_->setFlat(true);
-    corner_->setAutoFillBackground(true);
-    corner_->setStyleSheet(QStringLiteral("border: none; padding-left: 4px; text-align: left"));
+    corner_->setModel(model_);
+    corner_->setSectionsClickable(true);
+    corner_->setHighlightSections(false);
+    corner_->setSortIndicatorShown(true);
     corner_->setFocusPolicy(Qt::NoFocus);
-    connect(corner_, &QPushButton::clicked, this, [this] { sortBy(0); });
+    connect(corner_, &QHeaderView::sectionClicked, this, &StatGridView::sortBy);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &StatGridView::sortBy);
 }
 
@@ -62,7 +71,10 @@ void StatGridView::setGrid(StatGrid grid)
     setRowHidden(0, true);
     setColumnHidden(0, true);
     fitColumns();
+    // A view that is out of sight would go to its current cell when it is shown.
+    setAutoScroll(false);
     setCurrentIndex(model_->index(model_->grid().totalsRow(), model_->grid().totalsColumn()));
+    setAutoScroll(true);
     clearSelection();
     scrollToTop();
     horizontalScrollBar()->setValue(0);
@@ -114,6 +126,7 @@ void StatGridView::updateGeometries()
     QTableView::updateGeometries();
     const QHeaderView* across = horizontalHeader();
     corner_->setGeometry(verticalHeader()->x(), across->y(), verticalHeader()->width(), across->height());
+    if (corner_->count() > 0) corner_->resizeSection(0, corner_->width());
     corner_->raise();
 }
 
@@ -136,17 +149,21 @@ void StatGridView::sortBy(int column)
 
 void StatGridView::showOrder()
 {
-    horizontalHeader()->setSortIndicator(sorted_ > 0 ? sorted_ : -1, order_);
-    QString caption = model_->headerData(0, Qt::Vertical).toString();
-    corner_->setToolTip(caption);
-    if (sorted_ == 0) caption += order_ == Qt::AscendingOrder ? QStringLiteral(" ▲") : QStringLiteral(" ▼");
-    corner_->setText(caption.replace(QLatin1Char('&'), QStringLiteral("&&")));
+    for (QHeaderView* head : {horizontalHeader(), corner_})
+        head->setSortIndicator((sorted_ == 0) == (head == corner_) ? sorted_ : -1, order_);
 }
 
 void StatGridView::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) {
         QApplication::clipboard()->setText(selectedText());
+        return;
+    }
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // An Enter that is still held down belongs to the search that it has started.
+        const bool byValues = event->modifiers().testFlag(Qt::ControlModifier);
+        if (!event->isAutoRepeat() && currentIndex().isValid())
+            sortBy(byValues ? 0 : currentIndex().column());
         return;
     }
     QTableView::keyPressEvent(event);
@@ -164,7 +181,7 @@ QString StatGridView::selectedText() const
     for (int i = cells.top(); i <= cells.bottom(); ++i) {
         QStringList row;
         for (int j = cells.left(); j <= cells.right(); ++j)
-            row.append(model_->index(i, j).data().toString());
+            row.append(onOneLine(model_->index(i, j).data().toString()));
         text += row.join(QLatin1Char('\t')) + QLatin1Char('\n');
     }
     return text;

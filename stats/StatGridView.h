@@ -5,14 +5,15 @@
 
 #include "stats/StatGridModel.h"
 
-class QPushButton;
+class QHeaderView;
 
 namespace quorvin {
 
 /// The grid's first row and column stand still as the headers. A click on a column's head, or on the corner,
 /// orders the rows by it: counts from the greatest down, values upwards; a second click the other way round,
-/// a third as they appeared first. The grand total is the current cell at first. Ctrl+C copies the selected
-/// cells, separated by tabs, whole rows with their captions, or the whole grid when none are.
+/// a third as they appeared first. Enter does so by the current cell's column, with Ctrl by the values. The
+/// grand total is the current cell at first. Ctrl+C copies the selected cells, separated by tabs, whole rows
+/// with their captions, or the whole grid when none are.
 class StatGridView : public QTableView {
     Q_OBJECT
 
@@ -36,8 +37,8 @@ private:
     QString selectedText() const;
 
     StatGridModel* model_;
-    QPushButton* corner_;
-    int sorted_ = -1;  ///< column that the rows are ordered by, -1 for none
+    QHeaderView* corner_;  ///< head of the column of values, which stands still between the other heads
+    int sorted_ = -1;      ///< column that the rows are ordered by, -1 for none
     Qt::SortOrder order_ = Qt::AscendingOrder;
 };
 

@@ -164,6 +164,7 @@ void StatPanel::grigliastat()
     frame_->showGrid(run_.grid(), title.arg(run_.table.total()));
     frame_->show();
     emit placesChanged();
+    emit tableShown();
     frame_->grid().setFocus();
     const QString error = parts_.menu.isTicked(kGrafImpost) ? showChart() : QString();
     const bool fullY = run_.table.isFullY();

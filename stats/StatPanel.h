@@ -56,6 +56,8 @@ signals:
     void cancellaRequested();
     /// A mode was entered or left.
     void modeChanged();
+    /// A table has come, which the window may have to scroll to.
+    void tableShown();
     /// The frame came, went or changed its size.
     void placesChanged();
 

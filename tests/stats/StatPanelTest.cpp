@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QImage>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
@@ -69,12 +70,18 @@ protected:
 
 TEST_F(StatPanelTest, ModesDisableAndEnableAndLeaveNothingBehind)
 {
+    const QColor usual = background("Text2(1)");
     for (const char* mode : {"freq", "tabella"}) {
         const char* other = mode == std::string("freq") ? "tabella" : "freq";
         item("unirek").setChecked(true);
         item(other).setChecked(true);
         control<QCheckBox>("Check3").setChecked(true);
+        control<QCheckBox>("Check1").setChecked(true);
+        search({{2, "2"}});
         choose(mode);
+        EXPECT_TRUE(value(2).isEmpty() && caption("Label8").isEmpty());
+        EXPECT_EQ(formColour(), QColor(128, 0, 128));
+        EXPECT_EQ(background("Text2(1)"), usual) << "the file's colours give way";
         EXPECT_FALSE(item("unirek").isChecked() || item(other).isChecked()) << mode;
         EXPECT_FALSE(control<QCheckBox>("Check3").isChecked());
         EXPECT_EQ(item("stat").text().remove(QLatin1Char('&')), text("STATISTICA"));
@@ -92,6 +99,9 @@ TEST_F(StatPanelTest, ModesDisableAndEnableAndLeaveNothingBehind)
         EXPECT_FALSE(item("SommaCampNum").isChecked() || item(mode).isChecked());
         choose(other);
         EXPECT_EQ(item("stat").text().remove(QLatin1Char('&')), text("Statistica"));
+        EXPECT_EQ(formColour(), QColor(0, 0, 128));
+        EXPECT_NE(background("Text2(1)"), usual);
+        control<QCheckBox>("Check1").setChecked(false);
         for (const char* name : {"accorpa", "SommaCampNum", "GrafImpost"})
             EXPECT_FALSE(item(name).isChecked() || item(name).isEnabled()) << name;
         EXPECT_TRUE(item("stampa").isEnabled() && item("esporta").isEnabled() &&
@@ -189,9 +199,13 @@ TEST_F(StatPanelTest, RowsAreSortedAndCopiedAsTheyStand)
         EXPECT_EQ(order(), expected);
     }
     for (const char* expected : {"10 2 X ZX ZZ ", "X 2 10 ZX ZZ "}) {
-        QTest::mouseClick(&control("corner"), Qt::LeftButton);
+        QTest::mouseClick(control<QHeaderView>("corner").viewport(), Qt::LeftButton);
         EXPECT_EQ(order(), expected);
     }
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(order(), "2 10 X ZX ZZ ") << "by the current cell's column, that of the totals";
+    QTest::keyClick(&view, Qt::Key_Return, Qt::ControlModifier);
+    QTest::keyClick(&view, Qt::Key_Return, Qt::ControlModifier);
     QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(clipboard(),
               text("FIGLI     /\t\t\nX\t1\t1\n2\t3\t3\n10\t1\t1\nZX TOT.\t5\t5\nZZFIGLI      TUTTI \t\t\n"));
@@ -262,6 +276,44 @@ TEST_F(StatPanelTest, LimitsAreSaidAfterTheTable)
     }
 }
 
+TEST_F(StatPanelTest, BothAxesFullAtOnce)
+{
+    auto rec = test::rec({{.length = 4, .name = "X"}, {.length = 4, .fieldY = 2, .name = "Y"}});
+    for (int i = 1; i <= 800; ++i)
+        rec.record({"c" + std::to_string(i >= 799 ? 199 : i % 198 + 1), "r" + std::to_string(i)});
+    open(rec);
+    choose("elencorekord");
+    choose("tabella");
+    search({{1, "c"}, {2, "r"}});
+    EXPECT_EQ(dialogs_.messages, QStringList({text("!Interruzione !! tabella asse Y > 800 elementi !! "),
+                                              text("!Interruzione !! tabella asse X > 200 elementi !! ")}));
+    EXPECT_EQ(caption("statTitle"), text("tabella - rekord contati: 799"));
+}
+
+TEST_F(StatPanelTest, ATableOpensAtItsBeginningAndGoesWithItsSearch)
+{
+    openRows(100);
+    choose("freq");
+    auto& view = control<QTableView>("MSFlexGrid1");
+    click("Text2(1)");
+    type("Text2(1)", text("r"));
+    for (int times = 0; times < 2; ++times) {
+        enter("Text2(1)");
+        QApplication::processEvents();
+        EXPECT_EQ(view.verticalScrollBar()->value(), view.verticalScrollBar()->minimum());
+        EXPECT_EQ(view.currentIndex(), grid().index(101, 2));
+        const int character = QFontMetrics(view.font()).horizontalAdvance(QLatin1Char('0'));
+        EXPECT_EQ(view.columnWidth(2) / character, 9) << "eight characters and some air";
+        QTest::keyClick(&view, Qt::Key_Escape);
+        EXPECT_FALSE(isShown());
+    }
+    enter("Text2(1)");
+    choose("ricparz");
+    type("Text3", text("0"));
+    enter("Text2(1)");
+    EXPECT_FALSE(isShown()) << "a search that does not begin";
+}
+
 TEST_F(StatPanelTest, ManyCategoriesScrollAndStretch)
 {
     openRows(199);
@@ -312,12 +364,59 @@ TEST_F(StatPanelTest, TheChartIsPrintedAndSaved)
     click("Command4");
     EXPECT_TRUE(dialogs_.messages.isEmpty()) << "its own picture is replaced";
     fs::remove(picture);
+    fs::create_symlink(file(), picture);
+    const std::string data = bytesOf(file());
+    click("Command4");
+    EXPECT_EQ(bytesOf(file()), data);
+    EXPECT_TRUE(dialogs_.messages.value(0).startsWith(text("!Errore file !! ")));
+    dialogs_.messages.clear();
+    fs::remove(picture);
     fs::create_directory(picture);
     fs::remove(folder_.path() / "out.pdf");
     click("Command4");
     ASSERT_EQ(dialogs_.messages.size(), 1);
     EXPECT_TRUE(dialogs_.messages[0].startsWith(text("!Errore file !! ")));
     EXPECT_TRUE(fs::exists(folder_.path() / "out.pdf")) << "printing does not depend on it";
+}
+
+TEST_F(StatPanelTest, APageHasTheWholeChart)
+{
+    choose("tabella");
+    choose("GrafImpost");
+    search({{2, " "}, {1, "o"}});
+    QImage page(600, 900, QImage::Format_RGB32);
+    page.fill(Qt::gray);
+    QPainter painter(&page);
+    paintWholeChart(painter, chart().chart(), page.rect());
+    int pixels[2] = {};
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            for (const int s : {0, 1})
+                pixels[s] += page.pixel(x, y) == seriesColour(s).rgb() ? 1 : 0;
+        }
+    }
+    EXPECT_GT(pixels[0], 2000);
+    EXPECT_NEAR(pixels[0], 2 * pixels[1], pixels[1] / 10) << "columns of 2 and 1, and entries of the legend";
+    EXPECT_EQ(page.pixel(300, 890), QColor(Qt::gray).rgb()) << "the lower part stays free";
+}
+
+TEST_F(StatPanelTest, TheFrameStandsAboveThePrintFile)
+{
+    choose("stamp2");
+    choose("stamp2");
+    choose("freq");
+    search({{2, "2"}});
+    EXPECT_LE(control("statFrame").geometry().bottom(), control("printFrame").geometry().top() + 1);
+    EXPECT_TRUE(control("printFrame").isVisible());
+    for (const char* frame : {"statFrame", "printFrame"}) {
+        QTest::keyClick(&control("Form"), Qt::Key_Escape);
+        EXPECT_FALSE(control(frame).isVisible()) << frame;
+        EXPECT_EQ(control("printFrame").isVisible(), frame == std::string("statFrame"));
+    }
+    choose("unirek");
+    choose("unirek");
+    search({{1, "Roma"}});
+    EXPECT_TRUE(cells().starts_with("CITTA     /,")) << "what was chosen before has no part in it";
 }
 
 TEST_F(StatPanelTest, TheFrameIsEnlargedClosedAndTakesTheFont)
@@ -339,6 +438,10 @@ TEST_F(StatPanelTest, TheFrameIsEnlargedClosedAndTakesTheFont)
     search({{2, "2"}});
     EXPECT_EQ(frame.height(), height);
     EXPECT_EQ(frame.geometry().bottom(), frame.parentWidget()->rect().bottom());
+    openFile(file());
+    EXPECT_FALSE(control("MSFlexGrid1").font().bold()) << "the usual font again";
+    choose("prefstamp");
+    EXPECT_FALSE(control("MSFlexGrid1").font().bold()) << "no mode is on";
 }
 
 }  // namespace

@@ -148,4 +148,10 @@ QColor WindowTest::background(const char* name)
     return widget.palette().color(widget.inherits("QLineEdit") ? QPalette::Base : QPalette::Button);
 }
 
+QColor WindowTest::formColour()
+{
+    const QImage picture = control("Form").grab().toImage();
+    return picture.pixelColor(picture.width() / 2, picture.height() - 5);
+}
+
 }  // namespace quorvin::test

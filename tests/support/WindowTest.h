@@ -74,6 +74,8 @@ protected:
     std::filesystem::path file() const { return folder_.path() / "prova.rec"; }
     static QString clipboard();
     QColor background(const char* name);
+    /// Colour of the form where nothing stands.
+    QColor formColour();
 
     TempFolder folder_;
     ScriptedDialogs dialogs_;

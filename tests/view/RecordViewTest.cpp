@@ -26,11 +26,6 @@ protected:
     }
 
     /// Colour of the form where nothing stands.
-    QColor formColour()
-    {
-        const QImage picture = control("Form").grab().toImage();
-        return picture.pixelColor(picture.width() / 2, picture.height() - 5);
-    }
 
     void setSlider(const char* name, int value) { control<QSlider>(name).setValue(value); }
 };
