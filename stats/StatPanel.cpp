@@ -187,7 +187,6 @@ QString StatPanel::showChart()
         return {};
     } catch (const std::exception&) {
         QString error = fromUtf8Text(currentError().description());
-        frame_->showChart(false);
         parts_.dialogs.message(BoxIcon::critical, fromUtf8Text(messages::kError) + error);
         return error;
     }

@@ -130,7 +130,7 @@ TEST_P(ChartLayoutTest, EverythingHasItsPlace)
     EXPECT_NEAR(name.x + name.width / 2, (c_.categories - 0.5) * category, 1e-6);
     EXPECT_GE(name.y, plot.bottom());
     EXPECT_LE(name.bottom(), c_.area.height);
-    EXPECT_GE(plot.x, kFont.width(layout_.ticks().back().text));
+    EXPECT_GE(plot.x, kFont.width(layout_.ticks().back().text) + kFont.lineHeight / 2);
     EXPECT_EQ(layout_.showsValues(), layout_.column({0, 1}, 1).width >= 6);
     EXPECT_LE(plot.right(), layout_.legend().x);
     if (c_.area.whole) {
@@ -154,6 +154,7 @@ INSTANTIATE_TEST_SUITE_P(Sizes, ChartLayoutTest,
                                          LayoutCase{1, 150, 2, {400, 300, 1.5, false}, true},
                                          LayoutCase{199, 200, 9, {800, 600, 1, false}, false},
                                          LayoutCase{199, 200, 9, {800, 600, 3, true}, true},
+                                         LayoutCase{1, 55, 12, {1124, 277, 1, false}, true},
                                          LayoutCase{40, 2, 60, {300, 120, 1, true}, true}));
 
 TEST(ChartLayout, Ticks)
@@ -185,6 +186,13 @@ TEST(ChartLayout, PartsOfTheContent)
     EXPECT_EQ(part.first, 3);
     EXPECT_EQ(part.last, 5);
     EXPECT_EQ(layout.categoriesBetween(0, 10 * category).last, 10);
+    const ChartRect& plot = layout.plot();
+    for (const auto& [x, y] : {std::pair(-category, plot.y), {10.5 * category, plot.y}, {6.0, plot.y - 1}})
+        EXPECT_EQ(layout.columnAt(x, y), std::nullopt) << x;
+    EXPECT_EQ(layout.columnAt(category / 2, plot.bottom() + 1), std::nullopt);
+    const ChartLayout many(chartOf(40, 2, 3), {400, 120, 1, false}, kFont);
+    EXPECT_EQ(many.legendHeight(), 40 * kFont.lineHeight) << "one column, which scrolls";
+    EXPECT_EQ(ChartLayout(chartOf(1, 2, 3), {400, 120}, kFont).legend().width, 0);
     const ChartLayout zoomed(chartOf(2, 10, 3), {400, 300, 2, false}, kFont);
     EXPECT_NEAR(zoomed.contentWidth(), 2 * layout.contentWidth(), 1e-6);
     const ChartLayout empty(ChartData(), {400, 300, 1, false}, kFont);

@@ -142,7 +142,11 @@ TEST_F(StatPanelTest, BothTablesWithTheirSums)
 
     choose("elencorekord");
     dialogs_.yesAnswers = 1;
+    dialogs_.whileAsking = [this] {
+        EXPECT_EQ(grid().rowCount(), 0) << "the last table is not this search's";
+    };
     search({{1, "Roma"}});
+    dialogs_.whileAsking = [] {};
     EXPECT_FALSE(isShown()) << "a table that the user has refused";
     choose("elencorekord");
     search({{1, "Roma"}});
@@ -209,11 +213,13 @@ TEST_F(StatPanelTest, RowsAreSortedAndCopiedAsTheyStand)
     QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(clipboard(),
               text("FIGLI     /\t\t\nX\t1\t1\n2\t3\t3\n10\t1\t1\nZX TOT.\t5\t5\nZZFIGLI      TUTTI \t\t\n"));
+    enter("Text2(2)");
+    EXPECT_EQ(order(), "2 10 X ZX ZZ ") << "a new table stands as it was counted";
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
                       view.visualRect(grid().index(2, 1)).center());
     QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), text("3\n1\n"));
+    EXPECT_EQ(clipboard(), text("1\n1\n"));
     EXPECT_TRUE(view.isRowHidden(0) && view.isColumnHidden(0)) << "they are the headers";
 }
 
@@ -239,12 +245,21 @@ TEST_F(StatPanelTest, TheChartOfEachTable)
 
     choose("tabella");
     dialogs_.typed.clear();
+    dialogs_.whileAsking = [this] { openFile(file()); };
     search({{2, " "}, {1, "a"}});
+    dialogs_.whileAsking = [] {};
+    EXPECT_TRUE(isShown()) << "no other file comes in between";
     EXPECT_EQ(chart().chart().title, " CITTA/FIGLI");
     ASSERT_EQ(chart().chart().series.size(), 3U);
     EXPECT_EQ(chart().chart().series[1].caption, "10");
     const ChartRect ten = chart().chartLayout().column({1, 2}, 1);
     EXPECT_EQ(pixel(ten.x + ten.width / 2, ten.y + 3), seriesColour(1).rgb());
+    const ChartRect entry = chart().chartLayout().legendEntry(1);
+    EXPECT_EQ(pixel(entry.x + entry.height / 2 - chart().chartLayout().plot().x, entry.y + entry.height / 2),
+              seriesColour(1).rgb());
+    const ChartRect title = chart().chartLayout().title();
+    const QImage band = chart().viewport()->grab().toImage().copy(0, 0, chart().width(), int(title.bottom()));
+    EXPECT_GT(band.convertToFormat(QImage::Format_Indexed8).colorCount(), 1) << "something is written there";
     choose("GrafImpost");
     search({{2, " "}, {1, "a"}});
     EXPECT_TRUE(isShown() && !chart().isVisible());
@@ -336,6 +351,10 @@ TEST_F(StatPanelTest, ManyCategoriesScrollAndStretch)
     bar.setValue(bar.value() / 2);
     const ChartRect middle = chart().chartLayout().column({0, 100}, 1);
     EXPECT_EQ(pixel(middle.x + middle.width / 2, middle.bottom() - 3), seriesColour(0).rgb());
+    QTest::keyClick(&chart(), Qt::Key_Plus);
+    enter("Text2(1)");
+    EXPECT_EQ(bar.maximum(), usual) << "a new chart is as wide as usual";
+    EXPECT_EQ(bar.value(), 0);
 }
 
 TEST_F(StatPanelTest, TheChartIsPrintedAndSaved)
@@ -408,6 +427,12 @@ TEST_F(StatPanelTest, TheFrameStandsAboveThePrintFile)
     search({{2, "2"}});
     EXPECT_LE(control("statFrame").geometry().bottom(), control("printFrame").geometry().top() + 1);
     EXPECT_TRUE(control("printFrame").isVisible());
+    EXPECT_LE(control("Text2(1)").parentWidget()->geometry().bottom(), control("statFrame").geometry().top());
+    control<QPlainTextEdit>("Text5").setPlainText(text("riga"));
+    dialogs_.pdf = test::text((folder_.path() / "out.pdf").string().c_str());
+    choose("impoststamp");
+    click("Command4");
+    EXPECT_FALSE(fs::exists(folder_.path() / "out.pdf")) << "the print file belongs to the other modes";
     for (const char* frame : {"statFrame", "printFrame"}) {
         QTest::keyClick(&control("Form"), Qt::Key_Escape);
         EXPECT_FALSE(control(frame).isVisible()) << frame;
@@ -425,7 +450,8 @@ TEST_F(StatPanelTest, TheFrameIsEnlargedClosedAndTakesTheFont)
     search({{2, " "}});
     dialogs_.font = QFont(text("DejaVu Sans Mono"), 7, QFont::Bold);
     choose("prefstamp");
-    EXPECT_TRUE(control("MSFlexGrid1").font().bold());
+    form_->resize(1100, 800);
+    EXPECT_TRUE(control("MSFlexGrid1").font().bold()) << "also in a window of another size";
     QWidget& frame = control("statFrame");
     const int height = frame.height();
     frame.findChild<QToolButton*>(text("enlarge"))->click();
@@ -438,6 +464,9 @@ TEST_F(StatPanelTest, TheFrameIsEnlargedClosedAndTakesTheFont)
     search({{2, "2"}});
     EXPECT_EQ(frame.height(), height);
     EXPECT_EQ(frame.geometry().bottom(), frame.parentWidget()->rect().bottom());
+    form_->resize(700, 300);
+    enter("Text2(2)");
+    EXPECT_FALSE(control("MSFlexGrid1").visibleRegion().isEmpty()) << "a low window scrolls to it";
     openFile(file());
     EXPECT_FALSE(control("MSFlexGrid1").font().bold()) << "the usual font again";
     choose("prefstamp");

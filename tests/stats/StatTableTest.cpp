@@ -151,12 +151,15 @@ TEST_F(StatTableTest, Captions)
     for (const auto& [fields, texts, corner, caption] :
          {std::tuple(Fields{2}, Rows{" "}, "Valore    /", "ZZValore     TUTTI "),
           {Fields{1, 2}, Rows{"x", " ros "}, "Valore    /GRUPPO    ", "ZZValore     ROS"},
+          {Fields{2, 2}, Rows{"r", "ros"}, "Valore    /Valore    ", "ZZValore     ROS"},
           {Fields{2, 1}, Rows{"", "y"}, "GRUPPO    /Valore    ", "ZZGRUPPO     Y"}}) {
         count(query(2, fields, texts), "");
         const StatGrid grid = stat_.grid();
         EXPECT_EQ(grid.at(0, 0).text, corner);
         EXPECT_EQ(grid.at(grid.rows() - 2, 0).text, "ZX TOT.");
         EXPECT_EQ(grid.at(grid.rows() - 1, 0).text, caption);
+        EXPECT_EQ(grid.width(0), 10);
+        EXPECT_EQ(grid.width(1), fields.size() == 1 ? 8 : 10) << "eight without a field";
     }
 }
 
@@ -252,6 +255,7 @@ TEST(RowOrder, NumbersThenDatesThenText)
         {0, ascending, "10;-2;9;+3;2.5", "-2;2.5;+3;9;10"},
         {0, descending, "10;9;11", "11;10;9"},
         {0, ascending, "B;9;10", "10;9;B"},
+        {0, ascending, "10;-;9", "-;10;9"},
         {0, ascending, "9-1;10-1;4", "10-1;4;9-1"},
         {0, ascending, "9.1.1;10.1.1;4", "10.1.1;4;9.1.1"},
         {0, ascending, "2/12/2003;01/2004;10/2/2003;5/2003", "10/2/2003;5/2003;2/12/2003;01/2004"},
@@ -269,6 +273,19 @@ TEST(RowOrder, NumbersThenDatesThenText)
             rows += (rows.empty() ? "" : ";") + table.valoriY(row);
         EXPECT_EQ(rows, c.rows);
     }
+}
+
+TEST(RowOrder, EmptyCountsComeFirst)
+{
+    StatTable table;
+    for (int n = 0; n < 10; ++n)
+        table.statistica("ten", "X");
+    table.statistica("none", "Y");
+    for (int n = 0; n < 9; ++n)
+        table.statistica("nine", "X");
+    const StatGrid grid(table, {}, {});
+    EXPECT_EQ(rowOrder(grid, 1, Direction::ascending), (std::vector<int>{2, 3, 1}));
+    EXPECT_EQ(test::errorOf([&] { rowOrder(grid, 4, Direction::ascending); }), 9);
 }
 
 }  // namespace

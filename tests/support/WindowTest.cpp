@@ -40,6 +40,7 @@ QString ScriptedDialogs::saveFile(const QString&, const QString& name)
 QString ScriptedDialogs::inputBox(const QString& prompt, const QString&)
 {
     messages.append(prompt);
+    whileAsking();
     return typed;
 }
 
