@@ -31,6 +31,14 @@ double roundStep(double least)
     return 10 * power;
 }
 
+/// Lines that a title is broken into, in bold letters and where there are blanks.
+double titleLines(const ChartData& chart, const ChartFont& font, double width)
+{
+    constexpr double kBold = 1.25;
+    constexpr double kMost = 3;
+    return std::clamp(std::ceil(kBold * font.width(chart.title) / width), 1.0, kMost);
+}
+
 double widest(const ChartData& chart, const ChartFont& font, int categories)
 {
     double width = 0;
@@ -47,8 +55,8 @@ ChartLayout::ChartLayout(const ChartData& chart, const ChartArea& area, const Ch
     lineHeight_(font.lineHeight)
 {
     const double margin = lineHeight_ / 2;
-    title_ = {margin, margin, std::max(area.width - 2 * margin, 1.0),
-              chart.title.empty() ? 0 : 1.5 * lineHeight_};
+    title_ = {margin, margin, std::max(area.width - 2 * margin, 1.0), 0};
+    if (!chart.title.empty()) title_.height = (titleLines(chart, font, title_.width) + 0.5) * lineHeight_;
     // Room above the plot for the value of the highest column.
     plot_.y = title_.bottom() + lineHeight_;
     placeLegend(chart, area, font, margin);

@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QTextOption>
 #include <algorithm>
 #include <cmath>
 
@@ -65,7 +66,8 @@ private:
                           metrics_.elidedText(text, Qt::ElideRight, place.width()));
     }
 
-    /// The end of a title that is too long is what the table is about; it stays.
+    /// In as many lines as there is room for. The end of one that is too long stays, for it is what the table
+    /// is about.
     void drawTitle()
     {
         const QFont usual = painter_.font();
@@ -73,9 +75,15 @@ private:
         bold.setBold(true);
         painter_.setFont(bold);
         const QRectF place = rect(layout_.title());
-        const QString title = fromAnsi(chart_.title);
-        painter_.drawText(place, Qt::AlignCenter | Qt::TextSingleLine,
-                          QFontMetricsF(bold).elidedText(title, Qt::ElideMiddle, place.width()));
+        QTextOption option(Qt::AlignCenter);
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        QString title = fromAnsi(chart_.title);
+        if (painter_.boundingRect(place, title, option).height() > place.height()) {
+            const QFontMetricsF metrics(bold);
+            const double lines = std::floor(place.height() / metrics.lineSpacing());
+            title = metrics.elidedText(title, Qt::ElideMiddle, 0.8 * lines * place.width());
+        }
+        painter_.drawText(place, title, option);
         painter_.setFont(usual);
     }
 

@@ -17,6 +17,12 @@ constexpr double kMostCaption = 0.5;
 /// Pixels around a cell's text.
 constexpr int kPadding = 12;
 
+/// Pixels of so many characters in a font of fixed pitch, which need not be a whole number each.
+int widthOf(const QFont& font, int characters)
+{
+    return QFontMetrics(font).horizontalAdvance(QString(characters, QLatin1Char('0')));
+}
+
 /// A cell's text without what would end the cell where it is pasted.
 QString onOneLine(QString text)
 {
@@ -92,9 +98,10 @@ void StatGridView::setGridFont(const QFont& font)
 
 void StatGridView::fitColumns()
 {
-    const int character = QFontMetrics(font()).horizontalAdvance(QLatin1Char('0'));
+    // A head has room for the mark of the order too.
+    const int mark = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, horizontalHeader());
     for (int j = 1; j < model_->columnCount(); ++j)
-        setColumnWidth(j, model_->grid().width(j) * character + kPadding);
+        setColumnWidth(j, widthOf(font(), model_->grid().width(j)) + mark + kPadding);
     verticalHeader()->setFixedWidth(captionWidth());
     updateGeometries();
 }
@@ -103,7 +110,7 @@ void StatGridView::fitColumns()
 int StatGridView::captionWidth() const
 {
     const QFontMetrics metrics(font());
-    int width = metrics.horizontalAdvance(QLatin1Char('0')) * model_->grid().width(0);
+    int width = widthOf(font(), model_->grid().width(0));
     const int most = std::max(width, static_cast<int>(kMostCaption * this->width()));
     const int last = model_->rowCount() - 1;
     for (const int row : {0, last - 1, last}) {
