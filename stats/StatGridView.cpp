@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quorvin {
@@ -174,6 +175,10 @@ void StatGridView::keyPressEvent(QKeyEvent* event)
         return;
     }
     QTableView::keyPressEvent(event);
+    // At the grid's ends they must not move on through the records.
+    constexpr int kMoves[] = {Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
+                              Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    if (std::find(std::begin(kMoves), std::end(kMoves), event->key()) != std::end(kMoves)) event->accept();
 }
 
 QString StatGridView::selectedText() const

@@ -324,6 +324,9 @@ TEST_F(StatPanelTest, ATableOpensAtItsBeginningAndGoesWithItsSearch)
         const int characters = QFontMetrics(view.font()).horizontalAdvance(text("00000000"));
         EXPECT_GE(view.columnWidth(2), characters);
         EXPECT_LE(view.columnWidth(2), 2 * characters) << "eight characters and some air";
+        for (int pages = 0; pages < 9; ++pages)
+            QTest::keyClick(&view, Qt::Key_PageDown);
+        EXPECT_EQ(value(1), text("r")) << "the record stays";
         QTest::keyClick(&view, Qt::Key_Escape);
         EXPECT_FALSE(isShown());
     }
