@@ -64,7 +64,6 @@ void FormPlaces::update()
     parts_.canvas.place(&printFrame, print);
     parts_.canvas.place(&statFrame, stat);
     parts_.canvas.place(&parts_.record, record);
-    if (enlarged) statFrame.raise();
 }
 
 }  // namespace quorvin

@@ -189,8 +189,12 @@ void Formstart::connectOutput()
 void Formstart::connectStatistics()
 {
     connect(statPanel_, &StatPanel::modeChanged, preferences_, &PreferencesPanel::Check1_Click);
-    connect(statPanel_, &StatPanel::tableShown, this,
-            [this] { scroll_->ensureWidgetVisible(&statPanel_->frame(), 0, 0); });
+    connect(statPanel_, &StatPanel::tableShown, this, [this] {
+        // Of a frame that is larger than the window the beginning.
+        const QRect frame = statPanel_->frame().geometry();
+        scroll_->ensureVisible(frame.right(), frame.bottom(), 0, 0);
+        scroll_->ensureVisible(frame.left(), frame.top(), 0, 0);
+    });
     connect(outputPanel_, &OutputPanel::fontChosen, statPanel_, &StatPanel::setGridFont);
     connect(canvas_, &FormCanvas::scaleChanged, statPanel_, &StatPanel::setScale);
     outputPanel_->addPrintout(statPanel_->chartPrintout());

@@ -81,7 +81,7 @@ Si conta nei rekord trovati: scelta la voce, clic sui campi e Invio in uno.
 'frequenza' viene creata una tabella sull'ultimo campo selezionato.
 'tabella' viene creata una tabella sull'ultimo e penultimo campo selezionato.
 I rekord in cui l'ultimo campo scelto è vuoto non sono contati. Un clic sul
-  titolo di una colonna (o Invio) ordina le righe; Ctrl+C copia la tabella.
+  titolo di una colonna (o Ctrl+Invio) ordina le righe; Ctrl+C le copia.
 "date mese/anno asse y": raggruppa per mese e anno le date delle righe.
 "vis. somma campi num.": mostra anche la somma dei valori numerici.
 "Imposta Grafico":

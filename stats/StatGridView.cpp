@@ -62,11 +62,17 @@ StatGridView::StatGridView(QWidget* parent) :
     corner_->setObjectName(QStringLiteral("corner"));
     corner_->setModel(model_);
     corner_->setSectionsClickable(true);
+    corner_->setSectionResizeMode(QHeaderView::Fixed);
     corner_->setHighlightSections(false);
     corner_->setSortIndicatorShown(true);
     corner_->setFocusPolicy(Qt::NoFocus);
-    connect(corner_, &QHeaderView::sectionClicked, this, &StatGridView::sortBy);
-    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &StatGridView::sortBy);
+    for (QHeaderView* head : {corner_, horizontalHeader()}) {
+        connect(head, &QHeaderView::sectionClicked, this, [this](int column) {
+            sortBy(column);
+            // The press has selected the column.
+            clearSelection();
+        });
+    }
 }
 
 void StatGridView::setGrid(StatGrid grid)
@@ -150,8 +156,6 @@ void StatGridView::sortBy(int column)
         sorted_ = -1;
     }
     model_->sort(sorted_, order_);
-    // The press has selected the column.
-    clearSelection();
     showOrder();
 }
 
@@ -164,14 +168,14 @@ void StatGridView::showOrder()
 void StatGridView::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) {
-        QApplication::clipboard()->setText(selectedText());
+        if (model_->rowCount() > 0) QApplication::clipboard()->setText(selectedText());
         return;
     }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        // An Enter that is still held down belongs to the search that it has started.
-        const bool byValues = event->modifiers().testFlag(Qt::ControlModifier);
-        if (!event->isAutoRepeat() && currentIndex().isValid())
-            sortBy(byValues ? 0 : currentIndex().column());
+        // Enter alone may still be held down from the search that it has started.
+        const bool sorts = event->modifiers().testFlag(Qt::ControlModifier) && currentIndex().isValid();
+        const bool byValues = event->modifiers().testFlag(Qt::ShiftModifier);
+        if (sorts) sortBy(byValues ? 0 : currentIndex().column());
         return;
     }
     QTableView::keyPressEvent(event);

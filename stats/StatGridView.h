@@ -11,9 +11,9 @@ namespace quorvin {
 
 /// The grid's first row and column stand still as the headers. A click on a column's head, or on the corner,
 /// orders the rows by it: counts from the greatest down, values upwards; a second click the other way round,
-/// a third as they appeared first. Enter does so by the current cell's column, with Ctrl by the values. The
-/// grand total is the current cell at first. Ctrl+C copies the selected cells, separated by tabs, whole rows
-/// with their captions, or the whole grid when none are.
+/// a third as they appeared first. Ctrl+Enter does so by the current cell's column, Ctrl+Shift+Enter by the
+/// values. The grand total is the current cell at first. Ctrl+C copies the selected cells, separated by tabs,
+/// whole rows with their captions, or the whole grid when none are.
 class StatGridView : public QTableView {
     Q_OBJECT
 

@@ -25,8 +25,6 @@ protected:
         return {double(corner.x()) / scale().columnWidth(), double(corner.y()) / scale().lineHeight()};
     }
 
-    /// Colour of the form where nothing stands.
-
     void setSlider(const char* name, int value) { control<QSlider>(name).setValue(value); }
 };
 
