@@ -50,15 +50,12 @@ void FormPlaces::update()
     if (!parts_.search.Frame3().isHidden()) record.setRight(SearchPanel::kFrame3Place.left());
     if (lists.shown()) record.setRight(place.left());
     const double right = lists.shown() || enlarged ? record.right() : 0;
+    const double usualTop = prints ? kStatTopAbovePrint : kStatTop;
+    const double statTop = enlarged ? record.top() : usualTop;
     const QRectF print(0, kPrintTop, right, 0);
-    QRectF stat(0, kStatTop, right, 0);
-    if (enlarged) {
-        stat.moveTop(record.top());
-    } else if (prints) {
-        stat = QRectF(0, kStatTopAbovePrint, right, kPrintTop - kStatTopAbovePrint);
-    }
+    const QRectF stat(0, statTop, right, prints ? kPrintTop - statTop : 0);
     if (prints) record.setBottom(kPrintTop);
-    if (counts) record.setBottom(stat.top());
+    if (counts) record.setBottom(statTop);
     // Behind an enlarged table its boxes would still take keys.
     parts_.record.setVisible(!enlarged);
     parts_.canvas.place(&printFrame, print);
