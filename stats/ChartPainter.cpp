@@ -55,8 +55,7 @@ public:
         drawCategories(area);
         drawAxes();
         drawLegend();
-        if (chart_.series.empty() || chart_.lastCategory() == 0)
-            drawText(rect(layout_.plot()), Qt::AlignCenter, QStringLiteral("nessun valore da disegnare"));
+        drawWhyEmpty();
     }
 
 private:
@@ -64,6 +63,14 @@ private:
     {
         painter_.drawText(place, flags | Qt::TextSingleLine,
                           metrics_.elidedText(text, Qt::ElideRight, place.width()));
+    }
+
+    void drawWhyEmpty()
+    {
+        QString reason;
+        if (chart_.series.empty()) reason = QStringLiteral("nessuna serie: penultimo campo vuoto");
+        if (chart_.lastCategory() == 0) reason = QStringLiteral("nessun valore da disegnare");
+        drawText(rect(layout_.plot()), Qt::AlignCenter, reason);
     }
 
     /// In as many lines as there is room for. The end of one that is too long stays, for it is what the table
