@@ -50,7 +50,12 @@ void appendUtf8(std::string& out, char32_t c)
         out.push_back(static_cast<char>(0xC0 | (c >> 6)));
         out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
     } else {
-        out.push_back(static_cast<char>(0xE0 | (c >> 12)));
+        if (c < 0x10000) {
+            out.push_back(static_cast<char>(0xE0 | (c >> 12)));
+        } else {
+            out.push_back(static_cast<char>(0xF0 | (c >> 18)));
+            out.push_back(static_cast<char>(0x80 | ((c >> 12) & 0x3F)));
+        }
         out.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
         out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
     }
@@ -162,6 +167,15 @@ char32_t toUnicode(char c)
     return kUpperControls[code - kFirstSpecial];
 }
 
+std::u32string toUnicode(std::string_view ansi)
+{
+    std::u32string text;
+    text.reserve(ansi.size());
+    for (const char c : ansi)
+        text.push_back(toUnicode(c));
+    return text;
+}
+
 char fromUnicode(char32_t character)
 {
     if (character < kFirstSpecial || (character > kLastSpecial && character <= 0xFF)) {
@@ -178,6 +192,15 @@ std::string toUtf8(std::string_view ansi)
     out.reserve(ansi.size());
     for (const char c : ansi)
         appendUtf8(out, toUnicode(c));
+    return out;
+}
+
+std::string toUtf8(std::u32string_view text)
+{
+    std::string out;
+    out.reserve(text.size());
+    for (const char32_t c : text)
+        appendUtf8(out, c);
     return out;
 }
 

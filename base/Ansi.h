@@ -25,7 +25,11 @@ std::string fromUtf8(std::string_view utf8);
 /// One Unicode character to its code in the page, "?" when it has none.
 char fromUnicode(char32_t character);
 
-/// One code of the page to its Unicode character.
+/// One code of the page to its Unicode character, or all codes of a text.
 char32_t toUnicode(char c);
+std::u32string toUnicode(std::string_view ansi);
+
+/// Unicode to UTF-8.
+std::string toUtf8(std::u32string_view text);
 
 }  // namespace quorvin
