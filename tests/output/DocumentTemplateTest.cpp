@@ -1,0 +1,284 @@
+#include "output/DocumentTemplate.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <map>
+#include <random>
+
+#include "tests/support/ErrorNumber.h"
+#include "tests/support/ShownText.h"
+
+namespace quorvin {
+namespace {
+
+using test::errorOf;
+using test::shown;
+
+using Fields = std::map<int, std::string>;
+
+DocumentTemplate::FieldText textsOf(const Fields& fields)
+{
+    return [&fields](int n) {
+        const auto found = fields.find(n);
+        if (found == fields.end()) throw RuntimeError(ErrorNumber::subscript);
+        return found->second;
+    };
+}
+
+std::string blanks(std::size_t count)
+{
+    return std::string(count, ' ');
+}
+
+const Fields kFields = {{1, "ab"},     {3, "Castelvetrano"}, {4, "quat"},      {11, "dodicicaratt"},
+                        {12, "Rossi"}, {13, "  Verdi "},     {14, "\xE0\x80"}, {20, "*(1)*"},
+                        {21, "a*"},    {100, "z"},           {200, "ultimo"}};
+
+TEST(DocumentTemplate, WhatAMarkerTakesWithIt)
+{
+    struct Case {
+        std::string text;
+        std::string filled;
+        int error = 0;
+    };
+    const Case cases[] = {
+        {"", ""},
+        {"senza * ( ) marca", "senza * ( ) marca"},
+        {"Sig. " + DocumentTemplate::marker(12) + ", ", "Sig. Rossi, "},
+        {"a " + DocumentTemplate::marker(3) + "b", "a Castelvetrano b"},
+        {"*(4)*123456", "quat456"},
+        {DocumentTemplate::marker(11), "dodicicaratt*" + blanks(10)},
+        {"*(13)*" + blanks(11) + "!", "Verdi!"},
+        {DocumentTemplate::marker(14) + "ef!", "\xE0\x80!"},
+        {"*(100)*" + DocumentTemplate::marker(3) + std::string(82, '-') + "b", "zb"},
+        {"*(200)*", "ultimo"},
+        {"*()*ab*(0)*", "ab*"},
+        {"*(x12)*", "2)*", 5},
+        {"*( 1 2 )*" + blanks(10) + "!", "Rossi   !"},
+        {"*(\xE0)*", "*"},
+        {"*(1*(12)*", "ab12)*", 5},
+        {"*(1)**(12)*" + blanks(10) + "*(1)*", "abRossiab"},
+        // A value is no marker, and makes none with what stands beside it.
+        {"*(20)*" + blanks(18) + "*(1)*", "*(1)*ab"},
+        {"*(21)*" + blanks(19) + "(1)*", "a*(1)*", 5},
+        {"*(1)*c*(", "abc*(", 5},
+        {"*(1)*c)*", "abc)*", 5},
+        {"a)*", "a)*", 5},
+        {")**(1)*", ")**(1)*", 5},
+        {"*(1)**(1.5)*", "ab*(1.5)*", 9},
+        {"*(-1)*", "*(-1)*", 9},
+        {"*(1)*\r\n*(7)*\n*(1)*", "ab\n*(7)*\n*(1)*", 9},
+        {"*(201)*", "*(201)*", 9},
+        {"*(99999999999999999999)*", "*(99999999999999999999)*", 9},
+    };
+    for (const Case& c : cases) {
+        RichText filled = RichText::plain("before");
+        const DocumentTemplate document{c.text};
+        EXPECT_EQ(errorOf([&] { document.elabcom(textsOf(kFields), filled); }), c.error) << c.text;
+        EXPECT_EQ(filled, RichText::plain(c.filled)) << c.text;
+    }
+}
+
+TEST(DocumentTemplate, FormatsSurviveTheFilling)
+{
+    struct Case {
+        const char* rtf;
+        const char* filled;
+    };
+    const Case cases[] = {
+        {"{\\b a}*(12)*          {\\i b}", "<b>a<>Rossi<i>b"},
+        {"a{\\b *(12)*          }b", "a<b>Rossi<>b"},
+        {"a*(\\b 12)*          b", "aRossi<b>b"},
+        {"a{\\i *}(12)*          b", "a<i>Rossi<>b"},
+        {"\\b *(1)*\\i *(1)*\\b0 *(1)*c", "<b>ab<b i>ab<i>abc"},
+        {"\\qc a\\par\\qr *(12)*\\par\\qj x\\par\\ql y      z\\par\\qc b",
+         "[c 0 0 0]a\n[r 0 0 0]Rossiz\n[c 0 0 0]b"},
+        {"\\b *(12)*\\par\\i x\\par\\par y", "<b>Rossi"},
+    };
+    for (const Case& c : cases) {
+        RichText filled;
+        DocumentTemplate("{\\rtf1 " + std::string(c.rtf) + "}").elabcom(textsOf(kFields), filled);
+        EXPECT_EQ(shown(filled), c.filled) << c.rtf;
+    }
+}
+
+/// Text with one format for each character and each paragraph, as plain as can be.
+struct SlowText {
+    std::string text;
+    std::vector<bool> bold;
+    std::vector<int> indents;
+
+    RichText rich() const
+    {
+        RichText result;
+        std::size_t paragraph = 0;
+        const auto formatParagraph = [&] {
+            ParagraphFormat format;
+            format.leftIndent = indents.at(paragraph++);
+            result.setParagraphFormat(format);
+        };
+        formatParagraph();
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            CharFormat format;
+            format.bold = bold[i];
+            if (text[i] != '\n') {
+                result.append(toUnicode(text.substr(i, 1)), format);
+                continue;
+            }
+            result.endParagraph(format);
+            formatParagraph();
+        }
+        return result;
+    }
+
+    void replace(std::size_t position, std::size_t length, const std::string& with)
+    {
+        const auto lines = [this](std::size_t from, std::size_t to) {
+            return std::count(text.begin() + static_cast<std::ptrdiff_t>(from),
+                              text.begin() + static_cast<std::ptrdiff_t>(to), '\n');
+        };
+        const std::size_t end = std::min(position + length, text.size());
+        const auto next = indents.begin() + lines(0, position) + 1;
+        indents.erase(next, next + lines(position, end));
+        const bool format = bold[position];
+        const auto at = bold.erase(bold.begin() + static_cast<std::ptrdiff_t>(position),
+                                   bold.begin() + static_cast<std::ptrdiff_t>(end));
+        bold.insert(at, with.size(), format);
+        text.replace(position, end - position, with);
+    }
+};
+
+/// The number that the characters begin with.
+double slowNumber(const std::string& text)
+{
+    std::string number;
+    for (const char c : text) {
+        if (c == ' ') continue;
+        if (std::string("0123456789.-").find(c) == std::string::npos) break;
+        number += c;
+    }
+    return std::strtod(number.c_str(), nullptr);
+}
+
+/// Fills step by step and returns the error's number.
+int fillSlowly(SlowText& document, const Fields& fields)
+{
+    for (std::size_t from = 0;;) {
+        const std::size_t p = document.text.find("*(", from);
+        const std::size_t q = document.text.find(")*", from);
+        if (p == std::string::npos && q == std::string::npos) return 0;
+        if (p == std::string::npos || q == std::string::npos || q < p) return 5;
+        const double n = slowNumber(document.text.substr(p + 2, q - p - 2));
+        if (n < 0 || n != std::floor(n) || (n > 0 && (n > 1000 || fields.count(static_cast<int>(n)) == 0)))
+            return 9;
+        std::string v = n == 0 ? "" : fields.at(static_cast<int>(n));
+        while (v.ends_with(' '))
+            v.pop_back();
+        while (v.starts_with(' '))
+            v.erase(0, 1);
+        const double length = static_cast<double>(v.size());
+        document.replace(p, static_cast<std::size_t>(4 + (n < length ? length - n : n)), v);
+        from = p + v.size();
+    }
+}
+
+class Chance {
+public:
+    std::size_t below(std::size_t limit) { return random_() % limit; }
+
+    std::string some(const std::vector<std::string>& of, std::size_t count)
+    {
+        std::string text;
+        while (count-- > 0)
+            text += of[below(of.size())];
+        return text;
+    }
+
+    SlowText text()
+    {
+        SlowText result;
+        result.text = some({"*(", ")*", "*", "(", ")", "*(1)*", "*(3)*   ", "*(14)*", "*(2.5)*", "0",
+                            "1",  "2",  "3", "9", " ", "a",     "\n",       "xyz",    ".",       "-"},
+                           below(16));
+        for (std::size_t i = 0; i < result.text.size(); ++i) {
+            const bool ends = result.text[i] == '\n' && i > 0 && result.text[i - 1] != '\n';
+            // The end of a paragraph is formatted like its last character.
+            result.bold.push_back(ends ? result.bold[i - 1] : below(3) == 0);
+        }
+        result.indents = {1};
+        for (const char c : result.text) {
+            if (c == '\n') result.indents.push_back(static_cast<int>(below(4)));
+        }
+        return result;
+    }
+
+private:
+    std::mt19937 random_{20051124};
+};
+
+TEST(DocumentTemplate, AgreesWithTheSlowFilling)
+{
+    Chance chance;
+    std::map<int, int> errors;
+    for (int round = 0; round < 20000; ++round) {
+        Fields fields;
+        for (int n = 1; n <= 13; ++n)
+            fields[n] = chance.some({" ", "x", "*(", ")*", "3", "abc"}, chance.below(6));
+        SlowText slow = chance.text();
+        DocumentTemplate document;
+        document.Textserb = slow.rich();
+        const std::string before = slow.text;
+        RichText filled;
+        const int error = errorOf([&] { document.elabcom(textsOf(fields), filled); });
+        ASSERT_EQ(error, fillSlowly(slow, fields)) << before;
+        ASSERT_EQ(filled, slow.rich()) << before;
+        ++errors[error];
+    }
+    for (const int error : {0, 5, 9})
+        EXPECT_GT(errors[error], 1000) << "too few to tell anything of error " << error;
+}
+
+TEST(DocumentTemplate, ManyMarkersTakeNoLonger)
+{
+    struct Case {
+        const char* piece;
+        std::size_t count;
+        const char* end;
+        std::string filled;
+        int error;
+    };
+    const Case cases[] = {{"*(", 100000, ")*", ")*", 5},
+                          {"*(0 ", 50000, ")*", ")*", 5},
+                          {"*(1)*", 20000, "", "ab", 0},
+                          {")*", 100000, "*(", ")*", 5}};
+    for (const Case& c : cases) {
+        std::string text;
+        for (std::size_t i = 0; i < c.count; ++i)
+            text += c.piece;
+        const DocumentTemplate document(text + c.end);
+        RichText filled;
+        EXPECT_EQ(errorOf([&] { document.elabcom(textsOf(kFields), filled); }), c.error) << c.piece;
+        EXPECT_EQ(toUtf8(filled.text().substr(0, 2)), c.filled);
+    }
+}
+
+TEST(DocumentTemplate, TheStoredTextIsOneItemOfALine)
+{
+    for (const std::string text : {"", " ", "due\r\nrighe\r\n", "solo\nLF\rCR\n\r",
+                                   "\"a, b\" {c} \\rtf \x93\xE0\x80\x94\x81\t*(3)*   ",
+                                   "{\\rtf1 {\\b a}\\par\\'22\\u321?\\u-10179?\\u-8704?\\par\\par}"}) {
+        const DocumentTemplate document(text);
+        const std::string stored = document.toStored();
+        EXPECT_EQ(DocumentTemplate(stored).Textserb, document.Textserb) << text;
+        EXPECT_EQ(stored.empty(), text.empty());
+        for (const char c : stored)
+            EXPECT_TRUE(c >= ' ' && c < 0x7F && c != '"') << stored;
+    }
+    EXPECT_EQ(DocumentTemplate("a\r\nb\rc\n\nd").Textserb.text(), U"a\nb\nc\n\nd");
+    EXPECT_EQ(shown(DocumentTemplate("a").Textserb), "<28>a");
+}
+
+}  // namespace
+}  // namespace quorvin

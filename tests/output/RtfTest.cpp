@@ -1,0 +1,239 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "output/RtfReader.h"
+#include "output/RtfWriter.h"
+#include "tests/support/ShownText.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvin {
+namespace {
+
+using test::shown;
+
+/// Fonts 1 to 5 and colours 1 and 2.
+constexpr const char* kTables =
+    "{\\fonttbl{\\f0\\froman Times New Roman;}{\\f1 Arial{\\*\\falt Helvetica};}{\\f2\\fnil\\fcharset2 "
+    "Symbol;}{\\f3\\fcharset238 Arial CE;}{\\f4\\fcharset204 Arial Cyr;}{\\f5\\fcharset128 MS Mincho;}}"
+    "{\\colortbl;\\red255\\green0\\blue16;\\blue128;}";
+
+RichText read(const std::string& body)
+{
+    return readRtf("{\\rtf1\\ansi\\deff0" + std::string(kTables) + body + "}");
+}
+
+TEST(Rtf, WhatTheReaderMakesOfIt)
+{
+    struct Case {
+        const char* rtf;
+        const char* text;
+    };
+    const Case cases[] = {
+        // Formats.
+        {"\\b a\\b0 b{\\i c\\ul d}e", "<b>a<>b<i>c<i u>d<>e"},
+        {"\\strike a\\strike0\\ulw b\\ulnone c\\uldb d\\ul0 e\\b1\\plain f", "<s>a<u>b<>c<u>d<>ef"},
+        {"\\f1\\fs20 a\\f0 b\\f9 c\\plain d\\f1 e\\fs28 f", "<Arial 20>a<20>bc<>d<Arial>e<Arial 28>f"},
+        {"\\cf1\\highlight2 a\\cf0 b\\highlight0\\cb1 c\\cf9 d\\plain\\chcbpat2 e",
+         "<cff0010 g000080>a<g000080>b<gff0010>cd<g000080>e"},
+        {"\\deff1 a\\f0 b", "<Arial>a<>b"},
+        {"\\fs99999999999 a\\fs0 b\\fs c", "<3276>a<1>b<>c"},
+        // Paragraphs.
+        {"\\qc a\\par\\qr b\\par\\qj\\li720\\ri100\\fi-360 c\\par d\\par\\pard e\\par\\lin5\\rin6 f\\par\\ql",
+         "[c 0 0 0]a\n[r 0 0 0]b\n[j 720 100 -360]c\n[j 720 100 -360]d\ne\n[l 5 6 0]f"},
+        {"\\tx100\\tqc\\tx200\\tqr\\tx300\\tqdec\\tx400 a\\tab b\\par\\pard c",
+         "[l 0 0 0 l100 c200 r300 d400]a\tb\nc"},
+        {"\\li99999999999\\fi-99999999999\\tx-5 a", "[l 31680 0 -31680 l0]a"},
+        {"a\\par", "a"},
+        {"a\\par\\par", "a\n"},
+        {"\\par\\par a\\par\\b\\par\\par", "\n\na\n<b>\n"},
+        {"a\\\nb\\line c\\lbr d\\page e\\sect f", "a\nb\u2028c\u2028d\ne\nf"},
+        {"a\r\nb\\tab c\td\\par\\trowd\\cellx9\\intbl e\\cell f\\cell\\row g", "ab\tc\td\ne\tf\t\ng"},
+        // Characters.
+        {"\\'e8\\'E8\\'80\\~\\_\\-\\emdash\\endash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet x\\\\\\{\\}",
+         "èè€\u00A0\u2011\u00AD—–‘’“”•x\\{}"},
+        {"\\u8364?a\\u8364\\'80b\\u-28589 ?c\\u233ec", "€a€b道céc"},
+        {"\\u-10179?\\u-8704?\\uc0\\u55357\\uc1\\u56832 ?a\\u-8704?b", "😀😀a\uFFFDb"},
+        {"{\\uc0\\u8364 a}\\u8364 ?b\\uc2\\u8364 ??c\\u8364\\'80\\'80d\\u8364{e}{\\u8364}f\\u8364\\tab xg",
+         "€a€b€c€d€e€f€g"},
+        {"\\uc3\\u8364\\tab x\\{g\\uc-1\\u8364 h\\uc2\\u8364\\b ij", "€g€h€<b>ij"},
+        {"\\u8364\\u99999999999 ?", "€\uFFFF"},
+        // Code pages.
+        {"\\f3\\'b3\\f4\\'cf\\f5\\'83\\\\\\'83\\'5ca\\f0\\'e0", "<Arial CE>ł<Arial Cyr>П<MS Mincho>ソソa<>à"},
+        {"\\ansicpg1251\\'cf\\f3\\'b3\\ansicpg4711\\plain\\'cf", "П<Arial CE>ł<>Ï"},
+        {"\\ansicpg932\\'83{\\b \\'5c}", "\uFFFD<b>\\"},
+        {"\\ansicpg65001 \\'e2\\'82\\'ac\xC3\xA8\\mac\\'8e\\pc\\'82\\pca\\'9b\\ansi\\'9b", "€èéé\u00F8›"},
+        // Lists.
+        {"{\\pntext\\f2\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}a\\par{\\listtext\\f2\\'d8\\tab}b",
+         "<Symbol>•\t<>a\n<Symbol>➢\t<>b"},
+        {"{\\f2\\'a7\\'e0\\u-3913?}\\u-3844?\\u-4000?", "<Symbol>▪à•<>✓\uF060"},
+        // Left out.
+        {"{\\*\\unknown x{\\b y}}a{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}}b\\nosuch7 c{\\*}{d}",
+         "abcd"},
+        {"{\\pict\\wmetafile8 0102{\\*\\x y}}a{\\pict\\bin3 {}}}b\\bin2 \\}c", "abc"},
+        {"{\\v a}b\\v c\\v0 d\\v e\\plain f{\\header g}{\\footnote h}\\'00", "bdf"},
+        {"{\\field{\\*\\fldinst HYPERLINK x}{\\fldrslt a}}{\\*\\shppict{\\pict 1}}{\\nonshppict{\\pict 1}}b",
+         "ab"},
+        // Damaged.
+        {"}}a\\b b", "a<b>b"},
+        {"{\\b a", "<b>a"},
+        {"a\\'zzb\\'4", "azzb"},
+        {"a{\\fonttbl{\\f1", "a"},
+        {"a\\bin99999999999 b", "a"},
+        {"a\\", "a}"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(shown(read(c.rtf)), c.text) << c.rtf;
+    EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl\\f0 Arial;\\f1\\fcharset238 \\'a3;\\f2 ;}a\\f1 b\\f2 c")),
+              "<Arial>a<Ł>b<>c");
+    EXPECT_EQ(shown(readRtf("no RTF\\")), "no RTF");
+}
+
+TEST(Rtf, ALetterOfAWordProcessorIsWhole)
+{
+    const std::string rtf = test::bytesOf(std::filesystem::path(TEST_DATA) / "lettera.rtf");
+    ASSERT_TRUE(isRtf(rtf));
+    EXPECT_EQ(shown(readRtf(rtf)),
+              "[c 0 0 0]<Arial 36 b>Comunicazione al paziente\n"
+              "[r 0 0 0]<>Roma, *(2)*          \n"
+              "\n"
+              "[j 0 1440 720]Gentile <b>*(3)*          <>, la visita è fissata <i>perché<> il <u>controllo<> "
+              "costa <s>50<> 30 €: “città di Łódź” <cc00000>urgente<> e <gffff00>giallo<>, {così} \\ "
+              "<Arial 20>in piccolo<>.\u2028A capo.\n"
+              "[l 0 0 0 l2880 r5760]uno\tdue\ttre 😀\n"
+              "[l 720 0 -360] •\tprimo\n"
+              "[l 720 0 -360] •\tsecondo\n"
+              "cella\taltra\t\n"
+              "Cordiali saluti’");
+}
+
+/// Formatted texts by chance.
+class Chance {
+public:
+    std::size_t below(std::size_t limit) { return random_() % limit; }
+
+    RichText text()
+    {
+        static constexpr std::u32string_view kCharacters =
+            U"aZ09 \"{}\\;\t?'-~_:*\u2028\u00E8\u20AC\u0080\u0081\u0085\u009D\u007F\u00A0\u00AD\u2011\u0141"
+            U"\u65E5\uD7FF\uE000\uFFFD\U0001F600\U0010FFFF";
+        RichText result;
+        for (std::size_t pieces = below(12); pieces-- > 0;) {
+            std::u32string piece;
+            while (below(5) != 0)
+                piece += kCharacters[below(kCharacters.size())];
+            result.append(piece, format());
+            if (below(2) == 0) result.endParagraph(format());
+            if (below(2) == 0) result.setParagraphFormat(paragraph());
+        }
+        return result;
+    }
+
+private:
+    CharFormat format()
+    {
+        static constexpr std::u32string_view kFonts[] = {U"Times New Roman", U"Arial", U"Citt\u00E0 {1}"};
+        CharFormat result;
+        result.font = kFonts[below(3)];
+        result.halfPoints = 1 + static_cast<int>(below(3276));
+        result.bold = below(2) == 0;
+        result.italic = below(2) == 0;
+        result.underline = below(2) == 0;
+        result.strikeOut = below(2) == 0;
+        if (below(2) == 0) result.colour = below(3) == 0 ? 0U : random_() & 0xFFFFFFU;
+        if (below(2) == 0) result.background = random_() & 0xFFFFFFU;
+        return result;
+    }
+
+    ParagraphFormat paragraph()
+    {
+        ParagraphFormat result;
+        result.alignment = static_cast<Alignment>(below(4));
+        for (int* length : {&result.leftIndent, &result.rightIndent, &result.firstIndent})
+            *length = below(2) == 0 ? 0 : static_cast<int>(below(63361)) - 31680;
+        for (std::size_t tabs = below(5); tabs-- > 0;)
+            result.tabs.push_back({static_cast<int>(below(31681)), static_cast<TabKind>(below(4))});
+        return result;
+    }
+
+    std::mt19937 random_{19970401};
+};
+
+TEST(Rtf, WhatIsWrittenIsReadAgain)
+{
+    Chance chance;
+    for (int round = 0; round < 2000; ++round) {
+        const RichText text = chance.text();
+        const std::string rtf = writeRtf(text);
+        ASSERT_EQ(readRtf(rtf), text) << rtf;
+        for (const char c : rtf)
+            ASSERT_TRUE(c >= ' ' && c < 0x7F && c != '"') << rtf;
+    }
+}
+
+/// Whether the parts of a text fit each other.
+bool isWhole(const RichText& text)
+{
+    std::size_t length = 0;
+    const CharFormat* last = nullptr;
+    for (const RichText::Run& run : text.runs()) {
+        if (run.length == 0 || (last && *last == run.format)) return false;
+        length += run.length;
+        last = &run.format;
+    }
+    const auto ends = std::count(text.text().begin(), text.text().end(), RichText::kParagraphEnd);
+    return length == text.text().size() && text.paragraphs().size() == static_cast<std::size_t>(ends) + 1;
+}
+
+TEST(Rtf, DamagedBytesYieldWhatCanBeMadeOut)
+{
+    const std::string rtf = test::bytesOf(std::filesystem::path(TEST_DATA) / "lettera.rtf");
+    for (std::size_t length = 0; length < rtf.size(); ++length)
+        ASSERT_TRUE(isWhole(readRtf(std::string_view(rtf).substr(0, length)))) << length;
+    Chance chance;
+    std::size_t kept = 0;
+    for (int round = 0; round < 3000; ++round) {
+        std::string damaged = rtf;
+        for (std::size_t count = 1 + chance.below(4); count-- > 0;) {
+            char& byte = damaged[chance.below(damaged.size())];
+            byte = chance.below(2) == 0 ? "{}\\'0u* "[chance.below(8)] : static_cast<char>(chance.below(256));
+        }
+        const RichText text = readRtf(damaged);
+        ASSERT_TRUE(isWhole(text)) << damaged;
+        kept += text.text().find(U"Cordiali") == std::u32string::npos ? 0 : 1;
+    }
+    EXPECT_GT(kept, 2500U);
+}
+
+TEST(Rtf, NothingIsTooDeepOrTooLong)
+{
+    std::string deep = "{\\b ";
+    std::string tabs;
+    for (int i = 0; i < 100000; ++i) {
+        deep += "{\\i ";
+        tabs += "\\tx1";
+    }
+    EXPECT_EQ(shown(read(deep)), "");
+    EXPECT_EQ(shown(read(deep + "a" + std::string(100000, '}') + "b}c")), "<b i>a<b>b<>c");
+    EXPECT_EQ(read(tabs + "a").paragraphs()[0].tabs.size(), 32U);
+
+    const std::string most(RichText::kMostCharacters - 1, 'a');
+    EXPECT_EQ(read(most + "bc\\par d").text(), toUnicode(most + "b"));
+    const RichText ended = read(most + "\\par b\\par c");
+    EXPECT_EQ(ended.text(), toUnicode(most + "\n"));
+    EXPECT_TRUE(isWhole(ended));
+    EXPECT_EQ(ended.replaced({{{0, 1, U"xyz"}}}).text().size(), RichText::kMostCharacters);
+}
+
+TEST(RichText, WhatIsNoCharacterOfALineBecomesABlank)
+{
+    RichText text;
+    text.append({U"a\tb\r\n\u0001\u2029\uFFFC\uFDD0\uFDEF\u0000\u0085c", 13}, {});
+    const char32_t none[] = {0xD800, 0xDFFF, 0x110000};
+    text.append({none, 3}, {});
+    EXPECT_EQ(text.text(), std::u32string(U"a\tb") + std::u32string(8, U' ') + U"\u0085c   ");
+    EXPECT_EQ(text.runs().size(), 1U);
+}
+
+}  // namespace
+}  // namespace quorvin
