@@ -232,7 +232,10 @@ void Reader::takeWord(std::string_view word, std::optional<int> parameter)
     }
     toSkip_ = 0;
     if (state_.destination == Destination::nowhere) return;
-    if (state_.destination == Destination::fonts) tables_.fontWord(word, parameter.value_or(0));
+    if (state_.destination == Destination::fonts) {
+        if (word == "u") takeUnit(parameter.value_or(0));
+        tables_.fontWord(word, parameter.value_or(0));
+    }
     if (state_.destination == Destination::colours) tables_.colourWord(word, parameter.value_or(0));
     if (state_.destination != Destination::text) return;
     const auto found = handlers().find(word);
@@ -273,6 +276,7 @@ void Reader::takeUnit(int number)
     // Fonts of pictures keep their codes in this corner of Unicode.
     if (unit >= 0xF000 && unit < 0xF100)
         character = lookUp(kSymbols, static_cast<unsigned char>(unit & 0xFF)).value_or(unit);
+    if (!isFirstHalf && state_.destination == Destination::fonts) tables_.fontCharacter(character);
     if (!isFirstHalf) add({&character, 1});
     toSkip_ = state_.fallback;
 }

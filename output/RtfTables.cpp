@@ -51,18 +51,31 @@ void RtfTables::fontBytes(std::string_view bytes)
     for (const char c : bytes) {
         if (c == ';') {
             endFontName();
-        } else if (name_.size() < kMostNameCharacters) {
-            name_.push_back(c);
+        } else if (name_.size() + nameBytes_.size() < kMostNameCharacters) {
+            nameBytes_.push_back(c);
         }
     }
 }
 
+void RtfTables::fontCharacter(char32_t character)
+{
+    decodeName();
+    if (name_.size() < kMostNameCharacters) name_.push_back(character);
+}
+
 void RtfTables::endFontName()
 {
+    decodeName();
     const auto found = fonts_.find(current_);
-    if (found != fonts_.end() && !name_.empty())
-        found->second.name = fromCodePage(name_, codePageOf(found->second));
+    if (found != fonts_.end() && !name_.empty()) found->second.name = name_;
     name_.clear();
+}
+
+void RtfTables::decodeName()
+{
+    const auto found = fonts_.find(current_);
+    if (found != fonts_.end()) name_ += fromCodePage(nameBytes_, codePageOf(found->second));
+    nameBytes_.clear();
 }
 
 void RtfTables::colourWord(std::string_view word, int parameter)

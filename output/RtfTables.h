@@ -34,16 +34,20 @@ public:
     /// Words and text within the font table.
     void fontWord(std::string_view word, int parameter);
     void fontBytes(std::string_view bytes);
+    void fontCharacter(char32_t character);
     void endFontName();
     /// And within the colour table.
     void colourWord(std::string_view word, int parameter);
     void colourBytes(std::string_view bytes);
 
 private:
+    void decodeName();
+
     std::map<int, Font> fonts_;
     std::vector<std::optional<std::uint32_t>> colours_;
     int current_ = -1;  ///< font that is being declared
-    std::string name_;
+    std::u32string name_;
+    std::string nameBytes_;  ///< what follows of it and is not decoded yet
     std::optional<std::uint32_t> colour_;
 };
 
