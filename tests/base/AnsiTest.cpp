@@ -26,6 +26,12 @@ TEST(Ansi, CapitalsAreTheCodePages)
     }
 }
 
+TEST(Ansi, UnicodeBecomesUtf8)
+{
+    EXPECT_EQ(toUtf8(U"\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF"),
+              "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
+}
+
 TEST(Ansi, WhatIsNotInTheCodePageBecomesAQuestionMark)
 {
     struct Case {

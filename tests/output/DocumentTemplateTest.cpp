@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <map>
 #include <random>
+#include <stdexcept>
 
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/ShownText.h"
@@ -21,6 +22,7 @@ using Fields = std::map<int, std::string>;
 DocumentTemplate::FieldText textsOf(const Fields& fields)
 {
     return [&fields](int n) {
+        if (n < 1 || n > 200) throw std::out_of_range("no field has this number");
         const auto found = fields.find(n);
         if (found == fields.end()) throw RuntimeError(ErrorNumber::subscript);
         return found->second;

@@ -68,8 +68,8 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
          "<Symbol>•\t<>a\n<Symbol>➢\t<>b"},
         {"{\\f2\\'a7\\'e0\\u-3913?}\\u-3844?\\u-4000?", "<Symbol>▪à•<>✓\uF060"},
         // Left out.
-        {"{\\*\\unknown x{\\b y}}a{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}}b\\nosuch7 c{\\*}{d}",
-         "abcd"},
+        {"{\\*\\unknown x{\\b y}}a{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}}b\\nosuch7 c{\\*}{\\i d}",
+         "abc<i>d"},
         {"{\\pict\\wmetafile8 0102{\\*\\x y}}a{\\pict\\bin3 {}}}b\\bin2 \\}c", "abc"},
         {"{\\v a}b\\v c\\v0 d\\v e\\plain f{\\header g}{\\footnote h}\\'00", "bdf"},
         {"{\\field{\\*\\fldinst HYPERLINK x}{\\fldrslt a}}{\\*\\shppict{\\pict 1}}{\\nonshppict{\\pict 1}}b",
@@ -86,6 +86,7 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
         EXPECT_EQ(shown(read(c.rtf)), c.text) << c.rtf;
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl\\f0 Arial;\\f1\\fcharset238 \\'a3;\\f2 ;}a\\f1 b\\f2 c")),
               "<Arial>a<Ł>b<>c");
+    EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 A\\u321?\\'e0\\u-10179?\\u-8704?;}}a")), "<AŁà😀>a");
     EXPECT_EQ(shown(readRtf("no RTF\\")), "no RTF");
 }
 
@@ -132,7 +133,8 @@ public:
 private:
     CharFormat format()
     {
-        static constexpr std::u32string_view kFonts[] = {U"Times New Roman", U"Arial", U"Citt\u00E0 {1}"};
+        static constexpr std::u32string_view kFonts[] = {U"Times New Roman", U"Arial",
+                                                         U"Citt\u00E0 {1} \u0141\U0001F600x"};
         CharFormat result;
         result.font = kFonts[below(3)];
         result.halfPoints = 1 + static_cast<int>(below(3276));
@@ -169,6 +171,27 @@ TEST(Rtf, WhatIsWrittenIsReadAgain)
         for (const char c : rtf)
             ASSERT_TRUE(c >= ' ' && c < 0x7F && c != '"') << rtf;
     }
+}
+
+TEST(Rtf, OtherReadersFindWhatTheyKnow)
+{
+    ParagraphFormat lines;
+    lines.alignment = Alignment::justified;
+    lines.firstIndent = -9;
+    lines.tabs = {{7, TabKind::decimal}};
+    CharFormat red;
+    red.bold = true;
+    red.colour = 0xFF0010;
+    RichText text;
+    text.append(U"a\tà\"\uFF01\U0001F600", {});
+    text.endParagraph({});
+    text.setParagraphFormat(lines);
+    text.append(U"{", red);
+    EXPECT_EQ(
+        writeRtf(text),
+        "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Times New Roman;}}{\\colortbl "
+        ";\\red255\\green0\\blue16;}\\pard \\plain\\f0\\fs28 a\\tab \\'e0\\'22\\u-255?\\u-10179?\\u-8704?"
+        "\\par\\pard\\qj\\fi-9\\tqdec\\tx7 \\plain\\f0\\fs28\\b\\cf1 \\{\\par}");
 }
 
 /// Whether the parts of a text fit each other.

@@ -22,7 +22,7 @@ inline std::string shown(const CharFormat& format)
         std::snprintf(text, sizeof text, "%c%06x", kind, static_cast<unsigned>(value.value_or(0)));
         return std::string(text);
     };
-    add(format.font != CharFormat().font, toUtf8(format.font));
+    add(format.font != CharFormat().font, format.font.empty() ? "none" : toUtf8(format.font));
     add(format.halfPoints != 24, std::to_string(format.halfPoints));
     add(format.bold, "b");
     add(format.italic, "i");
