@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    const CharFormat& format() const { return from_.runs()[run_].format; }
+    CharFormat format() const { return from_.empty() ? CharFormat() : from_.runs()[run_].format; }
 
     /// Not beyond the run's end.
     void advance(std::size_t length)
@@ -100,7 +100,7 @@ void RichText::append(std::u32string_view text, const CharFormat& format)
 
 void RichText::endParagraph(const CharFormat& format)
 {
-    if (text_.size() >= kMostCharacters) return;
+    if (isFull()) return;
     const bool blank = text_.empty() || text_.back() == kParagraphEnd;
     // A copy, for the runs may move.
     const CharFormat ofEnd = blank ? format : runs_.back().format;
@@ -110,6 +110,8 @@ void RichText::endParagraph(const CharFormat& format)
 
 void RichText::setParagraphFormat(const ParagraphFormat& format)
 {
+    // What would come next is left out.
+    if (isFull()) return;
     paragraphs_.back() = format;
 }
 

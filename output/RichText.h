@@ -98,6 +98,7 @@ public:
     bool operator==(const RichText&) const = default;
 
 private:
+    bool isFull() const { return text_.size() >= kMostCharacters; }
     void add(std::u32string_view text, const CharFormat& format);
 
     std::u32string text_;

@@ -247,6 +247,7 @@ void Reader::takeBytes(std::string_view bytes)
     const std::size_t skipped = std::min(static_cast<std::size_t>(toSkip_), bytes.size());
     toSkip_ -= static_cast<int>(skipped);
     bytes.remove_prefix(skipped);
+    starred_ = false;
     switch (state_.destination) {
     case Destination::text:
         // Behind the end of a file some writers leave the end of their buffer.
@@ -313,6 +314,8 @@ void Reader::flush()
 void Reader::add(std::u32string_view text)
 {
     if (state_.hidden || state_.destination != Destination::text) return;
+    // Half a character that nothing completed.
+    if (std::exchange(firstHalf_, 0) != 0) add(U"\uFFFD");
     if (end_) text_.endParagraph(*end_);
     end_.reset();
     text_.setParagraphFormat(state_.paragraph);

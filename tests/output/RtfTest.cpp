@@ -78,6 +78,7 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
         {"}}a\\b b", "a<b>b"},
         {"{\\b a", "<b>a"},
         {"a\\'zzb\\'4", "azzb"},
+        {"a\\* b\\b c\\u-10179?d", "a b<b>c\uFFFDd"},
         {"a{\\fonttbl{\\f1", "a"},
         {"a\\bin99999999999 b", "a"},
         {"a\\", "a}"},
