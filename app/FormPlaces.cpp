@@ -1,8 +1,10 @@
 #include "app/FormPlaces.h"
 
 #include <QRectF>
+#include <algorithm>
 
 #include "app/FormCanvas.h"
+#include "output/DocumentPanel.h"
 #include "output/OutputPanel.h"
 #include "search/HitListView.h"
 #include "search/SearchPanel.h"
@@ -19,11 +21,15 @@ namespace {
 constexpr QRectF kNavigatorPlace(0, 0, 0, RecordView::kTopLines);
 constexpr QRectF kRecordPlace(0, RecordView::kTopLines, 0, 0);
 
-/// First lines of the print file and of the statistics, below which the record gives way to them.
-constexpr double kPrintTop = 26;
+/// First lines of the frames below the record, each alone; and of several, from above.
 constexpr double kStatTop = 20;
-/// And when both are shown.
-constexpr double kStatTopAbovePrint = 12;
+constexpr double kDocumentTop = 18;
+constexpr double kTemplateTop = 27.5;
+constexpr double kPrintTop = 26;
+constexpr double kSharedTops[][3] = {{12, 26}, {6, 16, 28}};
+
+/// Columns that a template takes while it is written.
+constexpr double kTemplateColumns = 95.5;
 
 }  // namespace
 
@@ -34,32 +40,48 @@ FormPlaces::FormPlaces(const FormParts& parts) : parts_(parts)
     update();
 }
 
+/// Those that are shown, from above.
+QList<FormPlaces::LowerPart> FormPlaces::lowerParts() const
+{
+    DocumentFrame& document = parts_.document.frame();
+    const bool editing = document.isEditing();
+    QList<LowerPart> parts = {
+        {&parts_.statistics.frame(), kStatTop},
+        {&document, editing ? kTemplateTop : kDocumentTop, editing ? kTemplateColumns : 0},
+        {&parts_.output.printFrame(), kPrintTop},
+    };
+    parts.removeIf([](const LowerPart& part) { return part.frame->isHidden(); });
+    if (parts.size() < 2) return parts;
+    for (qsizetype i = 0; i < parts.size(); ++i)
+        parts[i].top = kSharedTops[parts.size() - 2][i];
+    return parts;
+}
+
 void FormPlaces::update()
 {
     const HitLists& lists = parts_.search.lists();
     const QRectF place = HitLists::place(parts_.menu.isTicked(QStringLiteral("maxel")));
     parts_.canvas.place(lists.List1, place);
     parts_.canvas.place(lists.List2, place);
-    PrintFrame& printFrame = parts_.output.printFrame();
-    StatFrame& statFrame = parts_.statistics.frame();
-    const bool prints = !printFrame.isHidden();
-    const bool counts = !statFrame.isHidden();
-    const bool enlarged = counts && statFrame.isEnlarged();
 
     QRectF record = kRecordPlace;
     if (!parts_.search.Frame3().isHidden()) record.setRight(SearchPanel::kFrame3Place.left());
     if (lists.shown()) record.setRight(place.left());
+    const StatFrame& statFrame = parts_.statistics.frame();
+    const bool enlarged = !statFrame.isHidden() && statFrame.isEnlarged();
     const double right = lists.shown() || enlarged ? record.right() : 0;
-    const double usualTop = prints ? kStatTopAbovePrint : kStatTop;
-    const double statTop = enlarged ? record.top() : usualTop;
-    const QRectF print(0, kPrintTop, right, 0);
-    const QRectF stat(0, statTop, right, prints ? kPrintTop - statTop : 0);
-    if (prints) record.setBottom(kPrintTop);
-    if (counts) record.setBottom(statTop);
+    QList<LowerPart> lower = lowerParts();
+    if (enlarged) lower[0].top = record.top();
+    if (!lower.isEmpty()) record.setBottom(lower[0].top);
+    for (qsizetype i = 0; i < lower.size(); ++i) {
+        const double most = lower[i].most;
+        const double width = most > 0 && right > 0 ? std::min(most, right) : std::max(most, right);
+        const double bottom = i + 1 < lower.size() ? lower[i + 1].top : 0;
+        const double height = bottom > 0 ? bottom - lower[i].top : 0;
+        parts_.canvas.place(lower[i].frame, QRectF(0, lower[i].top, width, height));
+    }
     // Behind an enlarged table its boxes would still take keys.
     parts_.record.setVisible(!enlarged);
-    parts_.canvas.place(&printFrame, print);
-    parts_.canvas.place(&statFrame, stat);
     parts_.canvas.place(&parts_.record, record);
 }
 

@@ -1,8 +1,13 @@
 /// Which part of the form each of its large parts takes, by what is shown.
 #pragma once
 
+#include <QList>
+
+class QWidget;
+
 namespace quorvin {
 
+class DocumentPanel;
 class FormCanvas;
 class MenuState;
 class Navigator;
@@ -19,11 +24,12 @@ struct FormParts {
     RecordView& record;
     SearchPanel& search;
     OutputPanel& output;
+    DocumentPanel& document;
     StatPanel& statistics;
 };
 
-/// Lists stand to the right, the print file and the statistics below; the record gets the room that they
-/// leave.
+/// Lists stand to the right; statistics, document and print file below, one above the other; the record gets
+/// the room that they leave.
 class FormPlaces {
 public:
     explicit FormPlaces(const FormParts& parts);
@@ -32,6 +38,14 @@ public:
     void update();
 
 private:
+    struct LowerPart {
+        QWidget* frame;
+        double top;       ///< line of the form when it is alone
+        double most = 0;  ///< columns, 0 for all
+    };
+
+    QList<LowerPart> lowerParts() const;
+
     FormParts parts_;
 };
 

@@ -21,6 +21,7 @@
 #include "app/PreferencesFrame.h"
 #include "app/PreferencesPanel.h"
 #include "base/RuntimeError.h"
+#include "output/DocumentPanel.h"
 #include "output/ExportPanel.h"
 #include "output/MatrixPanel.h"
 #include "output/OutputPanel.h"
@@ -83,10 +84,13 @@ void Formstart::buildForm()
     new ExportPanel({recFile_, matrixPanel_->matrix(), menuTree_, *searchPanel_, *searchStatus_, dialogs_},
                     canvas_);
     navigator_->insertTools(&outputPanel_->Command4());
+    documentPanel_ = new DocumentPanel(
+        {*recordView_, *navigator_, menuTree_, *matrixPanel_, *outputPanel_, dialogs_}, canvas_);
     statPanel_ =
         new StatPanel({recFile_, selections_, *navigator_, menuTree_, *searchPanel_, dialogs_}, canvas_);
-    places_ = std::make_unique<FormPlaces>(
-        FormParts{*canvas_, menuTree_, *navigator_, *recordView_, *searchPanel_, *outputPanel_, *statPanel_});
+    places_ =
+        std::make_unique<FormPlaces>(FormParts{*canvas_, menuTree_, *navigator_, *recordView_, *searchPanel_,
+                                               *outputPanel_, *documentPanel_, *statPanel_});
 
     Label7 = new QLabel(fromUtf8Text(messages::kInvitation), canvas_);
     Label7->setObjectName(QStringLiteral("Label7"));
@@ -146,9 +150,11 @@ void Formstart::connectParts()
     connectPanel(*searchPanel_);
     connectPanel(*matrixPanel_);
     connectPanel(*outputPanel_);
+    connectPanel(*documentPanel_);
     connectPanel(*statPanel_);
     connectSearch();
     connectOutput();
+    connectDocument();
     connectStatistics();
 }
 
@@ -186,6 +192,17 @@ void Formstart::connectOutput()
             [this](const RuntimeError& error) { showError(messages::kFileError, error); });
 }
 
+void Formstart::connectDocument()
+{
+    // Modes that take the document's place.
+    connect(matrixPanel_, &MatrixPanel::choosingChanged, documentPanel_, &DocumentPanel::followModes);
+    connect(outputPanel_, &OutputPanel::modeChanged, documentPanel_, &DocumentPanel::followModes);
+    connect(outputPanel_, &OutputPanel::fontChosen, documentPanel_, &DocumentPanel::setFont);
+    connect(canvas_, &FormCanvas::scaleChanged, &documentPanel_->frame(), &DocumentFrame::setScale);
+    searchPanel_->lists().elabcom = [this] { documentPanel_->elabcom(); };
+    outputPanel_->addPrintout(documentPanel_->printout());
+}
+
 void Formstart::connectStatistics()
 {
     connect(statPanel_, &StatPanel::modeChanged, preferences_, &PreferencesPanel::Check1_Click);
@@ -215,6 +232,7 @@ void Formstart::aprifile_Click()
 
 void Formstart::openFile(const QString& name)
 {
+    if (!documentPanel_->settle()) return;
     try {
         resetta();
         recFile_.open(QFileInfo(name).filesystemAbsoluteFilePath());
@@ -235,6 +253,7 @@ void Formstart::Form_Load()
 {
     outputPanel_->reset(recFile_.hasName());
     matrixPanel_->load();
+    documentPanel_->load();
     if (!recFile_.hasName()) return;
     try {
         layOutFields();
@@ -265,6 +284,7 @@ void Formstart::layOutFields()
     }
     layOut();
     searchPanel_->setTabOrderAfter(recordView_->Text2(recFile_.fieldCount()));
+    documentPanel_->frame().setTabOrderAfter(searchPanel_->lists().List2);
     outputPanel_->printFrame().setTabOrderAfter(searchPanel_->lists().List2);
     statPanel_->frame().setTabOrderAfter(searchPanel_->lists().List2);
 }
@@ -284,6 +304,7 @@ void Formstart::resetta()
     outputPanel_->reset(false);
     statPanel_->reset();
     matrixPanel_->load();
+    documentPanel_->load();
     showState();
 }
 
@@ -324,6 +345,7 @@ void Formstart::fitScreen(bool low)
 
 void Formstart::esci_Click()
 {
+    endsAtOnce_ = true;
     close();
 }
 
@@ -347,6 +369,7 @@ void Formstart::Text2_Click(int index)
 {
     try {
         if (matrixPanel_->isChoosing()) matrixPanel_->Text2_Click(index);
+        if (documentPanel_->isEditing()) documentPanel_->Text2_Click(index);
         for (const ClickMode& mode : clickModes()) {
             if (!mode.appliesTo([this](const char* menu) { return menuTree_.isTicked(fromUtf8Text(menu)); }))
                 continue;
@@ -383,6 +406,10 @@ void Formstart::abandon()
 
 void Formstart::closeEvent(QCloseEvent* event)
 {
+    if (!endsAtOnce_ && !documentPanel_->settle()) {
+        event->ignore();
+        return;
+    }
     abandon();
     QMainWindow::closeEvent(event);
 }

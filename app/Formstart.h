@@ -14,6 +14,7 @@ class QScrollArea;
 namespace quorvin {
 
 class Dialogs;
+class DocumentPanel;
 class FormCanvas;
 class FormFrames;
 class FormPlaces;
@@ -55,6 +56,7 @@ private:
     void connectPanel(Panel& panel);
     void connectSearch();
     void connectOutput();
+    void connectDocument();
     void connectStatistics();
 
     void Form_Load();
@@ -89,11 +91,13 @@ private:
     SearchPanel* searchPanel_ = nullptr;
     MatrixPanel* matrixPanel_ = nullptr;
     OutputPanel* outputPanel_ = nullptr;
+    DocumentPanel* documentPanel_ = nullptr;
     StatPanel* statPanel_ = nullptr;
     std::unique_ptr<FormPlaces> places_;
     FormFrames* frames_ = nullptr;
     PreferencesPanel* preferences_ = nullptr;
     QLabel* Label7 = nullptr;
+    bool endsAtOnce_ = false;  ///< without questions
 };
 
 }  // namespace quorvin

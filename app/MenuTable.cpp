@@ -72,8 +72,8 @@ constexpr std::array kRows = {
     MenuRow{"intestazione", "intestazione", "opz", item, withFile},
     MenuRow{"adatta600", "risol.video vert.: 600", "opz", item, withFile, kept},
     line("p8", "opz"),
-    MenuRow{"documento", "documento", "opz", item, never, off},
-    MenuRow{"impostadoc", "imposta documento", "opz", item, never, off},
+    MenuRow{"documento", "documento", "opz", item, withFile, off},
+    MenuRow{"impostadoc", "imposta documento", "opz", item, withFile, off},
 
     bar("stat", "Statistica", withFile, 'T'),
     MenuRow{"freq", "Frequenza", "stat", item, withFile, off},

@@ -18,6 +18,9 @@ constexpr std::string_view kSearchDisables[] = {"impmat",    "stat",       "espo
                                                 "documento", "impostadoc", "preferenze"};
 constexpr std::string_view kSearchUnticks[] = {"stamp1", "documento"};
 
+constexpr std::string_view kTemplateDisables[] = {"esporta", "stampa", "stat", "preferenze"};
+constexpr std::string_view kTemplateUnticks[] = {"documento"};
+
 constexpr std::string_view kNotOfMatrix[] = {"creamat2", "creamatutto"};
 constexpr std::string_view kNotOfSelection[] = {"creamat1", "creamatutto"};
 constexpr std::string_view kNotOfAll[] = {"creamat1", "creamat2"};
@@ -41,6 +44,7 @@ constexpr std::array kRows = {
     ModeRow{"impmat", kMatrixDisables, kMatrixUnticks, "stampa", "IMPOSTA MATRICE"},
     ModeRow{"stamp1", kRecordsDisable, kRecordsUntick, "stampa", "STAMPA REKORD"},
     ModeRow{"stamp2", kSearchDisables, kSearchUnticks, "stampa", "STAMPA RICERCA"},
+    ModeRow{"impostadoc", kTemplateDisables, kTemplateUnticks},
     ModeRow{"freq", kCountingDisables, kNotOfFrequency, "stat", kCounting, kCountingEnables, kCountingEnds},
     ModeRow{"tabella", kCountingDisables, kNotOfTable, "stat", kCounting, kCountingEnables, kCountingEnds},
     ModeRow{"GrafImpost", {}, kNotOfChart},

@@ -1,5 +1,6 @@
 #include "app/QtDialogs.h"
 
+#include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -118,6 +119,14 @@ std::optional<QFont> QtDialogs::chooseFont(const QString& title, const QFont& fo
     dialog.setWindowTitle(title);
     if (dialog.exec() != QDialog::Accepted) return {};
     return dialog.selectedFont();
+}
+
+std::optional<QColor> QtDialogs::chooseColour(const QColor& colour)
+{
+    QColorDialog dialog(colour, window_);
+    dialog.setWindowTitle(QStringLiteral("colore del testo"));
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.selectedColor();
 }
 
 bool QtDialogs::setUpPrinter(QPrinter& printer)

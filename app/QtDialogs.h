@@ -21,6 +21,7 @@ public:
     QString saveFile(const QString& filter, const QString& name) override;
     QString inputBox(const QString& prompt, const QString& text) override;
     std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
+    std::optional<QColor> chooseColour(const QColor& colour) override;
     bool setUpPrinter(QPrinter& printer) override;
 
 private:

@@ -36,6 +36,11 @@ std::optional<QFont> TerminalDialogs::chooseFont(const QString&, const QFont&)
     return {};
 }
 
+std::optional<QColor> TerminalDialogs::chooseColour(const QColor&)
+{
+    return {};
+}
+
 bool TerminalDialogs::setUpPrinter(QPrinter&)
 {
     return false;

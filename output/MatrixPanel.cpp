@@ -1,6 +1,7 @@
 #include "output/MatrixPanel.h"
 
 #include <exception>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -18,6 +19,9 @@ namespace quorvin {
 namespace {
 
 const QString kImpmat = QStringLiteral("impmat");
+
+/// What was saved, in words.
+const QString kMatrix = QStringLiteral("matrice di stampa salvata");
 
 /// Colours of the chosen boxes, 0xBBGGRR.
 constexpr std::uint32_t kDarkGreen = 0x008000;
@@ -61,7 +65,7 @@ void MatrixPanel::impmat_Click()
     emit azzeravarRequested();
     emit cancellaRequested();
     if (matrix_.endChoice()) {
-        save();
+        save(kMatrix);
     } else {
         emit hint(QStringLiteral("resta la matrice di prima, campi: %1").arg(matrix_.SavedMatrixCount()));
     }
@@ -91,7 +95,7 @@ void MatrixPanel::intestazione_Click()
     const QString answer = parts_.dialogs.inputBox(fromUtf8Text(messages::kHeaderPrompt) + current, current);
     if (answer.isEmpty()) return;
     matrix_.PrintHeader = toAnsi(answer);
-    save();
+    save(kMatrix);
 }
 
 void MatrixPanel::margstamp_Click()
@@ -100,16 +104,24 @@ void MatrixPanel::margstamp_Click()
                            fromAnsi(str(std::int64_t{matrix_.PrintMargin})) +
                            fromUtf8Text(messages::kMarginPromptEnd);
     const QString answer = parts_.dialogs.inputBox(prompt, QString());
-    if (matrix_.setMargin(val(toAnsi(answer)))) save();
+    if (matrix_.setMargin(val(toAnsi(answer)))) save(kMatrix);
 }
 
-void MatrixPanel::save()
+bool MatrixPanel::saveTemplate(std::string stored)
+{
+    matrix_.DocumentTemplate = std::move(stored);
+    return save(QStringLiteral("documento salvato"));
+}
+
+bool MatrixPanel::save(const QString& what)
 {
     try {
         matrix_.matrice(parts_.recFile);
-        emit hint(QStringLiteral("matrice di stampa salvata accanto al file"));
+        emit hint(what + QStringLiteral(" accanto al file"));
+        return true;
     } catch (const std::exception&) {
         emit saveFailed(currentError());
+        return false;
     }
 }
 

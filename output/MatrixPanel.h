@@ -33,6 +33,10 @@ public:
     /// no harm.
     void load();
 
+    /// Keeps this document template with the matrix, and writes both; false, after `saveFailed`, when that
+    /// fails.
+    bool saveTemplate(std::string stored);
+
     /// Whether clicks in the field boxes choose fields for the matrix.
     bool isChoosing() const;
     /// A click in a box while they do. Raises RuntimeError 9 when the matrix is full.
@@ -55,7 +59,7 @@ private:
     void intestazione_Click();
     void margstamp_Click();
     void beginChoice();
-    void save();
+    bool save(const QString& what);
 
     MatrixParts parts_;
     PrintMatrix matrix_;

@@ -100,6 +100,7 @@ void OutputPanel::followModes()
     } else {
         parts_.recordView.releaseBoxes();
     }
+    emit modeChanged();
     emit placesChanged();
 }
 
@@ -315,7 +316,7 @@ void OutputPanel::Command4_Click()
         print([printout](QPrinter& printer) { printout->print(printer); });
     } else if (!parts_.menu.isAnyTicked(MenuState::kCountingModes) && !frame_->isHidden() &&
                !frame_->text().isEmpty()) {
-        print([this](QPrinter& printer) { printer_.drawText(printer, frame_->text()); });
+        print([this](QPrinter& printer) { Printer::drawText(printer, frame_->text(), frame_->textFont()); });
     } else {
         emit hint(QStringLiteral("non c'è nulla da stampare"));
     }

@@ -56,6 +56,9 @@ public:
     /// Has Command4 print this while it is shown; it must outlive the panel's use.
     void addPrintout(Printout& printout) { printouts_.append(&printout); }
 
+    /// The font that the printer is set to, apart from what the print file shows.
+    void setPrinterFont(const QFont& font) { printer_.font = font; }
+
     /// State of a file just opened, or of none; ticks are the menu's business.
     void reset(bool fileOpen);
 
@@ -63,6 +66,8 @@ signals:
     /// The boxes are to be emptied; the search state is to be reset.
     void azzeravarRequested();
     void cancellaRequested();
+    /// A print mode began or ended.
+    void modeChanged();
     /// The print frame came or went.
     void placesChanged();
     /// A font was chosen for all that is printed.

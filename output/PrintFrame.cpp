@@ -106,6 +106,11 @@ void PrintFrame::setTextFont(const QFont& font)
     Text5->setFont(font);
 }
 
+QFont PrintFrame::textFont() const
+{
+    return Text5->font();
+}
+
 void PrintFrame::focusText()
 {
     Text5->setFocus();

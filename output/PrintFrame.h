@@ -28,6 +28,7 @@ public:
     /// The text of the box, lines separated by LF.
     QString text() const;
     void setTextFont(const QFont& font);
+    QFont textFont() const;
     void focusText();
 
     RangeFrame& Frame8() { return *frame8_; }

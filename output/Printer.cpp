@@ -152,7 +152,7 @@ void Printer::print(const Drawing& drawing, const QString& name)
     }
 }
 
-void Printer::drawText(QPrinter& printer, const QString& text) const
+void Printer::drawText(QPrinter& printer, const QString& text, const QFont& font)
 {
     PageWriter pages(printer, font);
     // What ends the last line begins no further one.

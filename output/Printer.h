@@ -19,7 +19,7 @@ public:
     Printer();
     ~Printer();
 
-    /// The font that text is printed in.
+    /// The font that it is set to.
     QFont font;
     /// Colours, or shades of grey.
     bool stampcol = false;
@@ -44,7 +44,7 @@ public:
 
     /// Draws a text, lines separated by LF, in pages; a line that is too long goes on below, as far in as it
     /// began.
-    void drawText(QPrinter& printer, const QString& text) const;
+    static void drawText(QPrinter& printer, const QString& text, const QFont& font);
 
 private:
     QPrinter& printer();

@@ -117,6 +117,7 @@ void HitLists::showHit(const HitListView& list, int row)
         const HitListKind kind = &list == List1 ? HitListKind::List1 : HitListKind::List2;
         const std::string_view line = hits_.line(static_cast<std::size_t>(row));
         navigator_.showRecord(wholeNumber(recordNumberOf(kind, line)));
+        elabcom();
     } catch (const std::exception&) {
         emit failed(currentError());
     }

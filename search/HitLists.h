@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QRectF>
+#include <functional>
 
 namespace quorvin {
 
@@ -32,6 +33,9 @@ public:
     /// Size and place of both lists in form units.
     static QRectF place(bool maxel);
     void setScale(const FormScale& scale);
+
+    /// Called when a clicked hit is shown; what it raises is the click's error.
+    std::function<void()> elabcom = [] {};
 
     /// Takes the lines off the screen; to be called before they are deleted.
     void empty();

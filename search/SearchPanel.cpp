@@ -21,7 +21,6 @@ namespace {
 
 const QString kElencorekord = QStringLiteral("elencorekord");
 const QString kEliminapuntegg = QStringLiteral("eliminapuntegg");
-const QString kImpmat = QStringLiteral("impmat");
 const QString kMaxel = QStringLiteral("maxel");
 const QString kNorec = QStringLiteral("norec");
 const QString kRicparz = QStringLiteral("ricparz");
@@ -215,7 +214,7 @@ void SearchPanel::Text2_KeyPress(int index)
     const FieldBox* box = parts_.recordView.Text2(index);
     if (isSearching() || !box || box->text().isEmpty()) return;
     // Fields are being chosen for something else; those of the search are out of sight.
-    if (parts_.menu.isTicked(kImpmat)) return;
+    if (parts_.menu.isAnyTicked({"impmat", "impostadoc"})) return;
     const FieldList& selection = parts_.selections.searchSelection;
     if (selection.empty()) emit fieldChosen(index);
     if (selection.empty()) return;

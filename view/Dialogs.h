@@ -1,6 +1,7 @@
 /// The one seam for everything that asks or tells the user something in a box of its own.
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QString>
 #include <optional>
@@ -38,6 +39,9 @@ public:
 
     /// A font, none when the user cancels.
     virtual std::optional<QFont> chooseFont(const QString& title, const QFont& font) = 0;
+
+    /// A colour, none when the user cancels.
+    virtual std::optional<QColor> chooseColour(const QColor& colour) = 0;
 
     /// Lets the user choose and set up the printer; false when the user cancels, who then has changed
     /// nothing.

@@ -42,6 +42,9 @@ inline constexpr char kOpenFilter[] =
 
 inline constexpr char kInvitation[] = "   Apri file REC !! ";
 
+inline constexpr char kDocumentFrame[] = "Documento";
+inline constexpr char kSaveDocument[] = "Salvo le impostazioni del documento sul disco ?";
+
 inline constexpr char kGuideFrame[] = "GUIDA";
 inline constexpr char kLimitsFrame[] = "limiti";
 inline constexpr char kVersionFrame[] = "versione";

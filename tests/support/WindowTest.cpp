@@ -44,10 +44,16 @@ QString ScriptedDialogs::inputBox(const QString& prompt, const QString&)
     return typed;
 }
 
-std::optional<QFont> ScriptedDialogs::chooseFont(const QString& title, const QFont&)
+std::optional<QFont> ScriptedDialogs::chooseFont(const QString& title, const QFont& present)
 {
     messages.append(title);
+    askedFont = present;
     return font;
+}
+
+std::optional<QColor> ScriptedDialogs::chooseColour(const QColor&)
+{
+    return colour;
 }
 
 bool ScriptedDialogs::setUpPrinter(QPrinter& printer)

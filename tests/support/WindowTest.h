@@ -25,6 +25,7 @@ public:
     QString saveFile(const QString& filter, const QString& name) override;
     QString inputBox(const QString& prompt, const QString& text) override;
     std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
+    std::optional<QColor> chooseColour(const QColor& colour) override;
     bool setUpPrinter(QPrinter& printer) override;
 
     BoxIcon icon = BoxIcon::information;  ///< of the last box
@@ -37,6 +38,8 @@ public:
     QStringList askedNames;   ///< names offered
     QString typed;            ///< answer to input boxes; empty: cancel
     std::optional<QFont> font;
+    QFont askedFont;  ///< offered
+    std::optional<QColor> colour;
     QString pdf;  ///< file that the printer's dialog chooses; empty: cancel
 };
 
