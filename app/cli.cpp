@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/CliDocument.h"
 #include "app/CliError.h"
 #include "app/CliOutput.h"
 #include "app/CliReport.h"
@@ -53,6 +54,7 @@ struct Arguments {
     HitFormat format = HitFormat::lines;
     CliCreateOptions create;
     CliStatOptions statistics;
+    DocumentFormat document = DocumentFormat::text;
 };
 
 int runInfo(const Arguments& arguments)
@@ -63,9 +65,9 @@ int runInfo(const Arguments& arguments)
     return kFound;
 }
 
-int runShow(const Arguments& arguments)
+/// Opens the file and reads the record asked for.
+void openAtRecord(RecFile& file, const Arguments& arguments)
 {
-    RecFile file;
     openRec(file, arguments.file);
     if (arguments.record < 1 || arguments.record > file.recordCount()) {
         throw CliError{messages::kError +
@@ -74,9 +76,22 @@ int runShow(const Arguments& arguments)
     }
     file.seek(arguments.record);
     file.caricastring();
+}
+
+int runShow(const Arguments& arguments)
+{
+    RecFile file;
+    openAtRecord(file, arguments);
     std::cout << (arguments.json ? recordAsJson(file, arguments.record)
                                  : recordAsText(file, arguments.record));
     return kFound;
+}
+
+int runDocument(const Arguments& arguments)
+{
+    RecFile file;
+    openAtRecord(file, arguments);
+    return printDocument(file, arguments.document) ? kFound : kNothingFound;
 }
 
 /// The commands that search: `work` returns how many hits there were.
@@ -171,6 +186,17 @@ CLI::App* addCommand(CLI::App& app, const char* name, const char* description, A
     return command;
 }
 
+/// A command about one record.
+CLI::App* addRecordCommand(CLI::App& app, const char* name, const char* description, Arguments& arguments)
+{
+    CLI::App* command = addCommand(app, name, description, arguments);
+    command->add_option("N", arguments.record, "numero del rekord, dal primo (1)")
+        ->required()
+        ->transform(wholeNumber())
+        ->option_text(" ");
+    return command;
+}
+
 void addJsonFlag(CLI::App& command, Arguments& arguments)
 {
     command.add_flag("--json", arguments.json, "scrive in formato JSON");
@@ -202,6 +228,8 @@ void addSearchOptions(CLI::App& command, CliSearchOptions& search, bool needsCri
 const std::map<std::string, HitFormat> kHitFormats = {
     {"righe", HitFormat::lines}, {"csv", HitFormat::csv}, {"json", HitFormat::json}};
 const std::map<std::string, GridFormat> kGridFormats = {{"tsv", GridFormat::tsv}, {"json", GridFormat::json}};
+const std::map<std::string, DocumentFormat> kDocumentFormats = {{"testo", DocumentFormat::text},
+                                                                {"rtf", DocumentFormat::rtf}};
 
 template<class Format>
 void addFormat(CLI::App& command, const std::map<std::string, Format>& formats, const char* description,
@@ -257,11 +285,7 @@ std::vector<Command> declareCommands(CLI::App& app, Arguments& arguments)
 {
     CLI::App* info = addCommand(app, "info", "descrive il file e i suoi campi", arguments);
     addJsonFlag(*info, arguments);
-    CLI::App* show = addCommand(app, "mostra", "mostra un rekord", arguments);
-    show->add_option("N", arguments.record, "numero del rekord, dal primo (1)")
-        ->required()
-        ->transform(wholeNumber())
-        ->option_text(" ");
+    CLI::App* show = addRecordCommand(app, "mostra", "mostra un rekord", arguments);
     addJsonFlag(*show, arguments);
     CLI::App* search = addCommand(app, "cerca", "cerca i rekord ed elenca quelli trovati", arguments);
     addSearchOptions(*search, arguments.search);
@@ -276,13 +300,17 @@ std::vector<Command> declareCommands(CLI::App& app, Arguments& arguments)
     CLI::App* print =
         addCommand(app, "stampa", "stampa i rekord trovati, o un intervallo, con la matrice", arguments);
     addSearchOptions(*print, arguments.search, false);
+    CLI::App* document =
+        addRecordCommand(app, "documento", "riempie con un rekord il documento accanto al file", arguments);
+    addFormat(*document, kDocumentFormats, "testo o rtf", arguments.document);
     return {{info, runInfo},
             {show, runShow},
             {search, runSearch},
             {frequency, [](const Arguments& a) { return runStatistics(a, StatMode::freq); }},
             {table, [](const Arguments& a) { return runStatistics(a, StatMode::tabella); }},
             {create, runCreate},
-            {print, runPrint}};
+            {print, runPrint},
+            {document, runDocument}};
 }
 
 int run(int argc, char** argv)

@@ -107,6 +107,17 @@ expect(2 "^Errore!! Indice non incluso nell'intervallo\n$" crea ${rec} -c NOME=r
 file(WRITE ${WORK}/search.mtr " 1\r\n 4\r\n")
 expect(2 "^aRossi   \nErrore!! Indice non incluso nell'intervallo\n$" stampa ${rec})
 
+# The document: values between blanks that a marker leaves, a tab of the template's and one of a value's.
+file(WRITE ${WORK}/search.mtr "\r\n 0\r\n\"{\\rtf1\\b Sig. *(1)*          \\b0\\tab *(3)*          |\\line\\u321?\\par fine\\par}\"\r\n")
+expect(0 "^Sig. Rossi       \ta..b          [|]\nŁ\nfine\n$" documento ${rec} 1)
+expect(0 "^Sig. De Rosa     \ta b        [|]\nŁ\nfine\n$" documento ${rec} 2 --formato testo)
+expect(0 "^{.rtf1.*.fs24.b Sig. Verdi       .plain.f0.fs24 .tab         [|].line .u321[?].par.*fine.par}\n$" documento ${rec} 3 --formato rtf)
+expect(2 "rekord 4 inesistente, il file ne ha 3" documento ${rec} 4)
+expect(2 "valore non valido" documento ${rec} 1 --formato html)
+file(WRITE ${WORK}/search.mtr "\r\n 0\r\n\"*(2)*, *(4)*\r\nfine\"\r\n")
+expect(2 "^66 [*][(]4[)][*]\nfine\nErrore troppi rekord trovati !! Indice non incluso nell'intervallo\n$" documento ${rec} 1)
+expect(1 "^nessun documento accanto al file\n$" documento ${SAMPLES}/pazienti.rec 1)
+
 file(WRITE ${WORK}/torn.rec "1 1\n_A            1   1  30   5   1   1   3 112 a\na1 !\na2 !\n")
 string(ASCII 26 end)
 file(APPEND ${WORK}/torn.rec "${end}a3!\na4 !\n")

@@ -1,0 +1,14 @@
+/// The document that quorvin-cli fills.
+#pragma once
+
+namespace quorvin {
+
+class RecFile;
+
+enum class DocumentFormat { text, rtf };
+
+/// Fills the document kept beside the file from the record read last, and prints it; false when there is
+/// none. A marker that cannot be filled raises CliError, after what was filled so far has been printed.
+bool printDocument(const RecFile& file, DocumentFormat format);
+
+}  // namespace quorvin
