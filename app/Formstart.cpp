@@ -199,6 +199,9 @@ void Formstart::connectDocument()
     connect(outputPanel_, &OutputPanel::modeChanged, documentPanel_, &DocumentPanel::followModes);
     connect(outputPanel_, &OutputPanel::fontChosen, documentPanel_, &DocumentPanel::setFont);
     connect(canvas_, &FormCanvas::scaleChanged, &documentPanel_->frame(), &DocumentFrame::setScale);
+    connect(documentPanel_, &DocumentPanel::placesChanged, this, [this] {
+        if (!documentPanel_->frame().isHidden()) bringIntoSight(documentPanel_->frame());
+    });
     searchPanel_->lists().elabcom = [this] { documentPanel_->elabcom(); };
     outputPanel_->addPrintout(documentPanel_->printout());
 }
@@ -206,12 +209,7 @@ void Formstart::connectDocument()
 void Formstart::connectStatistics()
 {
     connect(statPanel_, &StatPanel::modeChanged, preferences_, &PreferencesPanel::Check1_Click);
-    connect(statPanel_, &StatPanel::tableShown, this, [this] {
-        // Of a frame that is larger than the window the beginning.
-        const QRect frame = statPanel_->frame().geometry();
-        scroll_->ensureVisible(frame.right(), frame.bottom(), 0, 0);
-        scroll_->ensureVisible(frame.left(), frame.top(), 0, 0);
-    });
+    connect(statPanel_, &StatPanel::tableShown, this, [this] { bringIntoSight(statPanel_->frame()); });
     connect(outputPanel_, &OutputPanel::fontChosen, statPanel_, &StatPanel::setGridFont);
     connect(canvas_, &FormCanvas::scaleChanged, statPanel_, &StatPanel::setScale);
     outputPanel_->addPrintout(statPanel_->chartPrintout());
@@ -380,6 +378,14 @@ void Formstart::Text2_Click(int index)
     } catch (const RuntimeError&) {
         // A list that is full takes no more fields.
     }
+}
+
+/// Scrolls a window that is lower than its form; of a frame that is larger than the window the beginning.
+void Formstart::bringIntoSight(const QWidget& frame)
+{
+    const QRect place = frame.geometry();
+    scroll_->ensureVisible(place.right(), place.bottom(), 0, 0);
+    scroll_->ensureVisible(place.left(), place.top(), 0, 0);
 }
 
 void Formstart::goToRecord(const QString& number)

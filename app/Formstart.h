@@ -75,6 +75,7 @@ private:
     bool isBusy() const;
     void abandon();
     void fitScreen(bool low);
+    void bringIntoSight(const QWidget& frame);
     void showState();
     void showHint(const QString& text);
     void showError(const char* prefix, const RuntimeError& error);

@@ -1,8 +1,12 @@
 #include "output/DocumentPrintout.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPrinter>
+#include <QScreen>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <memory>
 
@@ -20,6 +24,20 @@ constexpr double kLetterMargin = 10 / 25.4;
 [[noreturn]] void fail()
 {
     throw RuntimeError(ErrorNumber::deviceError);
+}
+
+/// Indents stay pixels of the screen where all other lengths follow the device.
+void scaleIndents(QTextDocument& document, double scale)
+{
+    QTextCursor cursor(&document);
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        format.setLeftMargin(format.leftMargin() * scale);
+        format.setRightMargin(format.rightMargin() * scale);
+        format.setTextIndent(format.textIndent() * scale);
+        cursor.setPosition(block.position());
+        cursor.setBlockFormat(format);
+    }
 }
 
 void drawPage(QPainter& painter, const QTextDocument& document, int page, QPointF corner)
@@ -49,6 +67,7 @@ void DocumentPrintout::print(QPrinter& printer)
     const QPointF corner(kLetterMargin * printer.logicalDpiX(), kLetterMargin * printer.logicalDpiY());
     const QSizeF whole = printer.pageRect(QPrinter::DevicePixel).size();
     const std::unique_ptr<QTextDocument> paper(frame_.Textcomunic().document()->clone());
+    scaleIndents(*paper, printer.logicalDpiY() / QGuiApplication::primaryScreen()->logicalDotsPerInchY());
     paper->documentLayout()->setPaintDevice(&printer);
     paper->setDocumentMargin(0);
     paper->setPageSize(whole - QSizeF(2 * corner.x(), 2 * corner.y()));

@@ -79,6 +79,13 @@ QIcon colourIcon(const QColor& colour, const QWidget& widget)
     return picture;
 }
 
+/// Shows a text, which the box's list may have or not.
+void showText(QComboBox& box, const QString& text)
+{
+    box.setCurrentIndex(box.findText(text));
+    box.setEditText(text);
+}
+
 }  // namespace
 
 FormatBar::FormatBar(DocumentEdit& box, Dialogs& dialogs, QWidget* parent) :
@@ -222,9 +229,9 @@ void FormatBar::showFormat(const QTextCharFormat& format)
     // The name as the document has it, also where this system has another font for it.
     const QStringList families = format.fontFamilies().toStringList();
     const QFont usual = box_.document()->defaultFont();
-    font_->setEditText(families.isEmpty() ? usual.family() : families.constFirst());
+    showText(*font_, families.isEmpty() ? usual.family() : families.constFirst());
     const double size = format.fontPointSize();
-    size_->setEditText(QString::number(size > 0 ? size : usual.pointSizeF()));
+    showText(*size_, QString::number(size > 0 ? size : usual.pointSizeF()));
     bold_->setChecked(format.fontWeight() > QFont::Medium);
     italic_->setChecked(format.fontItalic());
     underline_->setChecked(format.fontUnderline());

@@ -16,6 +16,8 @@ namespace {
 
 constexpr double kTwipsPerInch = 1440;
 constexpr double kPointsPerInch = 72;
+/// Distance of the tab stops that nobody set, twips.
+constexpr int kUsualTabStops = 720;
 constexpr std::uint32_t kColourBits = 0xFFFFFF;
 
 constexpr std::pair<Alignment, Qt::AlignmentFlag> kAlignments[] = {
@@ -51,6 +53,12 @@ int toTwips(double pixels)
 QString toQString(std::u32string_view text)
 {
     return QString::fromUcs4(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Where the first line begins; the stops of a paragraph in the window are counted from there.
+int firstLine(const ParagraphFormat& format)
+{
+    return format.leftIndent + format.firstIndent;
 }
 
 // From the window
@@ -102,7 +110,8 @@ ParagraphFormat fromQt(const QTextBlock& block)
     result.rightIndent = toTwips(format.rightMargin());
     result.firstIndent = toTwips(format.textIndent());
     for (const QTextOption::Tab& tab : format.tabPositions()) {
-        TabStop stop{toTwips(tab.position)};
+        TabStop stop{toTwips(tab.position) + firstLine(result)};
+        if (stop.position == result.leftIndent && result.firstIndent < 0) continue;
         for (const auto& [kind, type] : kTabKinds) {
             if (tab.type == type) stop.kind = kind;
         }
@@ -141,9 +150,12 @@ QTextBlockFormat toQt(const ParagraphFormat& format)
     result.setRightMargin(toPixels(format.rightIndent));
     result.setTextIndent(toPixels(format.firstIndent));
     QList<QTextOption::Tab> tabs;
+    const int left = firstLine(format);
+    // Where the first line hangs out, the others' beginning is a stop for it.
+    if (format.firstIndent < 0) tabs.append({toPixels(-format.firstIndent), QTextOption::LeftTab});
     for (const TabStop& stop : format.tabs) {
         // Italian numbers have a comma.
-        tabs.append({toPixels(stop.position), kTabKinds[static_cast<std::size_t>(stop.kind)].second,
+        tabs.append({toPixels(stop.position - left), kTabKinds[static_cast<std::size_t>(stop.kind)].second,
                      QLatin1Char(',')});
     }
     result.setTabPositions(tabs);
@@ -215,6 +227,9 @@ void setRichText(QTextDocument& document, const RichText& text)
         position += run.length;
     }
     cursor.endEditBlock();
+    QTextOption option = document.defaultTextOption();
+    option.setTabStopDistance(toPixels(kUsualTabStops));
+    document.setDefaultTextOption(option);
     document.setUndoRedoEnabled(undo);
     document.setModified(false);
 }
