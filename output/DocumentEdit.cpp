@@ -92,7 +92,6 @@ bool DocumentEdit::canInsertFromMimeData(const QMimeData* source) const
 
 void DocumentEdit::insertFromMimeData(const QMimeData* source)
 {
-    if (isReadOnly()) return;
     const bool formatted = source->hasHtml() || !rtfOf(*source).isEmpty();
     const RichText text = formatted ? richTextOf(*source, document()->defaultFont()) : RichText();
     const auto added = formatted ? static_cast<qsizetype>(text.text().size()) : source->text().size();
@@ -114,7 +113,8 @@ void DocumentEdit::keyPressEvent(QKeyEvent* event)
 {
     const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (tab && (event->modifiers() & Qt::ControlModifier)) {
-        focusNextPrevChild(event->key() == Qt::Key_Tab);
+        // The box's own way stays in it as long as Tab is text.
+        QAbstractScrollArea::focusNextPrevChild(event->key() == Qt::Key_Tab);
         return;
     }
     QTextEdit::keyPressEvent(event);

@@ -46,7 +46,6 @@ DocumentPanel::DocumentPanel(const DocumentParts& parts, QWidget* form) :
 void DocumentPanel::load()
 {
     template_ = DocumentTemplate(parts_.matrix.matrix().DocumentTemplate);
-    unsaved_ = false;
     showTemplate();
     followModes();
 }

@@ -67,7 +67,7 @@ int firstLine(const ParagraphFormat& format)
 double pointSizeOf(const QTextCharFormat& format, const QFont& usual)
 {
     if (format.hasProperty(QTextFormat::FontPointSize)) return format.fontPointSize();
-    const double pixels = format.doubleProperty(QTextFormat::FontPixelSize);
+    const double pixels = format.intProperty(QTextFormat::FontPixelSize);
     if (pixels > 0) return pixels * kPointsPerInch / pixelsPerInch();
     constexpr double kSteps[] = {0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
     constexpr int kUsualStep = 2;

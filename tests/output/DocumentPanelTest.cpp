@@ -4,20 +4,13 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
-#include <QMimeData>
 #include <QTest>
 #include <QTextBlock>
-#include <QTextEdit>
 
-#include "output/DocumentEdit.h"
 #include "output/DocumentTemplate.h"
-#include "output/RichTextDocument.h"
-#include "output/RtfReader.h"
-#include "tests/output/OutputFixture.h"
+#include "tests/output/DocumentFixture.h"
 
 namespace quorvin {
 namespace {
@@ -30,29 +23,14 @@ constexpr char kMarker1[] = "*(1)*          ";
 constexpr char kMarker2[] = "*(2)*          ";
 constexpr char kQuestion[] = "Salvo le impostazioni del documento sul disco ?";
 
-class DocumentPanelTest : public test::OutputTest {
+class DocumentPanelTest : public test::DocumentTest {
 protected:
-    DocumentEdit& box() { return control<DocumentEdit>("Textcomunic"); }
-    QString shown() { return box().toPlainText(); }
-    QTextCharFormat formatAt(int position)
-    {
-        QTextCursor cursor(box().document());
-        cursor.setPosition(position + 1);
-        return cursor.charFormat();
-    }
-    void write(const char* words) { QTest::keyClicks(&box(), text(words)); }
     fs::path matrixFile() const { return folder_.path() / "prova.mtr"; }
     std::string stored() const
     {
         const std::string bytes = bytesOf(matrixFile());
         const std::size_t begin = bytes.find('"') + 1;
         return bytes.substr(begin, bytes.rfind('"') - begin);
-    }
-    /// Opens the file with a stored template.
-    void openWith(const std::string& document)
-    {
-        folder_.write("prova.mtr", "\r\n 0\r\n\"" + document + "\"\r\n");
-        openFile(file());
     }
     void listRomans()
     {
@@ -80,7 +58,10 @@ protected:
 TEST_F(DocumentPanelTest, ATemplateIsWrittenKeptAndFilledAtEachHit)
 {
     const QColor usual = background("Text2(1)");
+    listRomans();
     choose("impostadoc");
+    EXPECT_EQ(control<QListView>("List1").model()->rowCount(), 0);
+    EXPECT_EQ(value(2) + caption("Label8"), QString());
     EXPECT_EQ(form_->focusWidget(), &box());
     click("Text2(1)");
     EXPECT_EQ(shown(), QString()) << "nothing goes in at the beginning";
@@ -89,19 +70,20 @@ TEST_F(DocumentPanelTest, ATemplateIsWrittenKeptAndFilledAtEachHit)
     click("Text2(1)");
     EXPECT_EQ(background("Text2(1)"), QColor(0xFF, 0x80, 0x80));
     EXPECT_EQ(form_->focusWidget(), &box());
-    write("di X!");
+    write("di XY!");
     // A selection gives way to the marker, which looks like its first character.
-    box().setTextCursor([this] {
-        QTextCursor x(box().document());
-        x.setPosition(int(shown().indexOf(QLatin1Char('X'))));
-        x.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor);
-        return x;
-    }());
+    const auto x = int(shown().indexOf(QLatin1Char('X')));
+    select(x, x + 1);
     QTest::keyClick(&box(), Qt::Key_B, Qt::ControlModifier);
+    select(x, x + 2);
     click("Text2(2)");
-    EXPECT_EQ(shown(), text("Caro ") + text(kMarker1) + text("di ") + text(kMarker2) + text("!"));
+    const QString written = text("Caro ") + text(kMarker1) + text("di ") + text(kMarker2) + text("!");
+    EXPECT_EQ(shown(), written);
+    select(0, 3);
+    click("Text2(2)");
+    type("Text2(1)", text("x"));
     enter("Text2(1)");
-    EXPECT_EQ(caption("Label8"), QString()) << "the clicks chose nothing to search";
+    EXPECT_EQ(shown() + caption("Label8"), written) << "nothing is replaced, and nothing searched";
 
     dialogs_.yesAnswers = 1;
     choose("impostadoc");
@@ -123,11 +105,17 @@ TEST_F(DocumentPanelTest, ATemplateIsWrittenKeptAndFilledAtEachHit)
         EXPECT_TRUE(formatAt(town).fontWeight() == QFont::Bold &&
                     formatAt(town - 1).fontWeight() == QFont::Normal);
     }
-    EXPECT_TRUE(box().isReadOnly());
+    // It is there to be read.
+    box().setFocus();
+    box().selectAll();
+    QTest::keyClick(&box(), Qt::Key_I, Qt::ControlModifier);
+    write("x");
+    EXPECT_TRUE(shown() == text(letters[2]) && !formatAt(0).fontItalic());
     choose("documento");
+    EXPECT_TRUE(form_->focusWidget() && form_->focusWidget()->isVisible());
     clickHit(0);
     EXPECT_FALSE(control("Frame9").isVisible());
-    EXPECT_EQ(shown(), text("Caro ") + text(kMarker1) + text("di ") + text(kMarker2) + text("!"));
+    EXPECT_EQ(shown(), written);
 }
 
 TEST_F(DocumentPanelTest, OnlyAChangeIsAskedAboutAndNoLeavesTheTemplate)
@@ -200,12 +188,31 @@ TEST_F(DocumentPanelTest, ATemplateThatCannotBeSavedIsNotLost)
     EXPECT_EQ(dialogs_.messages.size(), 4) << "asked again, and no file opened";
     dialogs_.yesAnswers = 1;
     EXPECT_FALSE(form_->close());
+    dialogs_.messages.clear();
+    dialogs_.yesAnswers = 1;
+    choose("impostadoc");
+    choose("impostadoc");
+    EXPECT_EQ(dialogs_.messages.size(), 2) << "also without a further change";
     choose("documento");
     EXPECT_EQ(shown(), text("Testo"));
     fs::remove(matrixFile());
     dialogs_.yesAnswers = 1;
     EXPECT_TRUE(form_->close());
     EXPECT_EQ(DocumentTemplate(stored()).Textserb.text(), U"Testo");
+}
+
+TEST_F(DocumentPanelTest, TheWindowAsksBeforeItClosesAndTheMenuDoesNot)
+{
+    const std::pair<bool, qsizetype> cases[] = {{true, 1}, {false, 0}};
+    for (const auto& [byWindow, questions] : cases) {
+        startAnew();
+        dialogs_.messages.clear();
+        choose("impostadoc");
+        write("x");
+        byWindow ? void(form_->close()) : choose("esci");
+        EXPECT_EQ(dialogs_.messages.size(), questions);
+        EXPECT_FALSE(form_->isVisible());
+    }
 }
 
 TEST_F(DocumentPanelTest, AMarkerOfNoFieldIsSaidAndLeavesTheRest)
@@ -227,6 +234,9 @@ TEST_F(DocumentPanelTest, FontsOfPrinterAndDocument)
         choose("prefstamp");
         return dialogs_.askedFont;
     };
+    dialogs_.font = QFont(text("DejaVu Sans"), 9);
+    choose("prefstamp");
+    EXPECT_EQ(formatAt(0).fontPointSize(), 10) << "it is not in sight";
     choose("documento");
     EXPECT_EQ(printerFont().family(), text("Times New Roman"));
     EXPECT_EQ(printerFont().pointSize(), 14);
@@ -236,31 +246,16 @@ TEST_F(DocumentPanelTest, FontsOfPrinterAndDocument)
     EXPECT_EQ(formatAt(0).fontWeight(), int(QFont::Normal));
     choose("stamp1");
     EXPECT_EQ(printerFont().family(), text("Courier new"));
-    EXPECT_EQ(control("Text5").font().family(), text("DejaVu Sans")) << "the print file's own";
+    control<QPlainTextEdit>("Text5").setPlainText(text("x"));
+    dialogs_.pdf = inFolder("out.pdf");
+    choose("impoststamp");
+    click("Command4");
+    EXPECT_NE(bytesOf(folder_.path() / "out.pdf").find("DejaVuSans"), std::string::npos)
+        << "the print file has its own";
     choose("stamp1");
     choose("documento");
     EXPECT_EQ(formatAt(0).fontPointSize(), 10);
     EXPECT_EQ(formatAt(0).fontFamilies().toStringList(), QStringList({text("Arial")}));
-}
-
-TEST_F(DocumentPanelTest, TheBarFormatsWhatIsSelected)
-{
-    choose("impostadoc");
-    write("abc");
-    box().selectAll();
-    for (const char* button : {"bold", "italic", "underline", "alignRight"})
-        click(button);
-    dialogs_.colour = QColor(1, 2, 3);
-    click("colour");
-    QLineEdit& size = *control<QComboBox>("fontSize").lineEdit();
-    size.selectAll();
-    QTest::keyClicks(&size, text("17,5"));
-    QTest::keyClick(&size, Qt::Key_Return);
-    const QTextCharFormat format = formatAt(0);
-    EXPECT_TRUE(format.fontWeight() == QFont::Bold && format.fontItalic() && format.fontUnderline());
-    EXPECT_EQ(format.foreground().color(), QColor(1, 2, 3));
-    EXPECT_EQ(format.fontPointSize(), 17.5);
-    EXPECT_TRUE(box().alignment() & Qt::AlignRight);
 }
 
 TEST_F(DocumentPanelTest, ADocumentPrintsOnPages)
@@ -299,48 +294,9 @@ TEST_F(DocumentPanelTest, FramesBelowTheRecordShareTheirRoom)
             EXPECT_LE(top(frames[i]) + frames[i]->height(), top(frames[i + 1])) << mode << i;
         }
     }
-}
-
-TEST(RichTextDocument, KeepsWhatItHolds)
-{
-    const RichText original = readRtf(
-        "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}}{\\colortbl ;\\red255;\\green128\\blue1;}"
-        "\\qc\\f0\\fs33\\b "
-        "Titolo\\par\\pard\\qr\\par\\pard\\qj\\li720\\ri360\\fi-300\\tx1000\\tqr\\tx2000\\tqc\\tx3000"
-        "\\tqdec\\tx4000\\plain\\f1\\fs20\\i\\ul a\\tab\\strike\\cf1 b\\line\\highlight2 "
-        "c\\'e8\\u322?\\u-10179?\\u-8704?"
-        "\\par\\pard\\ql\\plain\\f1 fine\\par\\par}");
-    ASSERT_EQ(original.paragraphs().size(), 5U);
-    QTextDocument document;
-    setRichText(document, original);
-    EXPECT_EQ(toRichText(document), original);
-    EXPECT_FALSE(document.isUndoAvailable());
-}
-
-TEST_F(DocumentPanelTest, WhatIsPastedIsBroughtDownToWhatATemplateKeeps)
-{
-    choose("impostadoc");
-    const std::pair<const char*, QByteArray> cases[] = {
-        {"text/html",
-         "<ul><li><b>uno</b> due</li></ul><table><tr><td>a<img src='x.png'></td><td>b</td></tr></table>"},
-        {"text/rtf", "{\\rtf1 {\\pntext \\'95\\tab}\\b uno\\b0  due\\par a\\par b\\par}"},
-    };
-    for (const auto& [type, data] : cases) {
-        box().clear();
-        auto* source = new QMimeData;
-        source->setData(QLatin1String(type), data);
-        QApplication::clipboard()->setMimeData(source);
-        box().paste();
-        const QString flat = shown().replace(QLatin1Char('\n'), QLatin1Char('|')).remove(text("|"));
-        EXPECT_EQ(flat, QString::fromUtf8("•\tuno dueab")) << type;
-        const auto one = int(shown().indexOf(text("uno")));
-        EXPECT_EQ(formatAt(one).fontWeight(), int(QFont::Bold)) << type;
-        EXPECT_EQ(formatAt(one + 4).fontWeight(), int(QFont::Normal)) << type;
-        EXPECT_FALSE(QTextCursor(box().document()->firstBlock()).currentList()) << type;
-        const RichText kept = box().content();
-        box().setContent(kept);
-        EXPECT_EQ(box().content(), kept) << type;
-    }
+    choose("elencorekord");
+    choose("maxel");
+    EXPECT_LE(control("Frame9").geometry().right(), control("List1").x());
 }
 
 }  // namespace

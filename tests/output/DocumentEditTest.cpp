@@ -1,0 +1,145 @@
+#include "output/DocumentEdit.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTextBlock>
+
+#include "output/RichTextDocument.h"
+#include "output/RtfReader.h"
+#include "tests/output/DocumentFixture.h"
+
+namespace quorvin {
+namespace {
+
+using test::text;
+
+class DocumentEditTest : public test::DocumentTest {};
+
+TEST_F(DocumentEditTest, TheBarFormatsWhatIsSelected)
+{
+    choose("impostadoc");
+    write("abc");
+    box().selectAll();
+    for (const char* button : {"bold", "italic", "underline", "alignRight"}) {
+        click(button);
+        EXPECT_EQ(form_->focusWidget(), &box()) << button;
+    }
+    dialogs_.colour = QColor(1, 2, 3);
+    click("colour");
+    const auto typeInto = [this](const char* name, const char* words) {
+        QLineEdit& line = *control<QComboBox>(name).lineEdit();
+        line.setFocus();
+        line.selectAll();
+        QTest::keyClicks(&line, text(words));
+        QTest::keyClick(&line, Qt::Key_Return);
+    };
+    typeInto("fontSize", "17,5");
+    typeInto("fontSize", "9999");
+    typeInto("fontName", "DejaVu Sans");
+    const QTextCharFormat format = formatAt(0);
+    EXPECT_TRUE(format.fontWeight() == QFont::Bold && format.fontItalic() && format.fontUnderline());
+    EXPECT_EQ(format.foreground().color(), QColor(1, 2, 3));
+    EXPECT_EQ(format.fontPointSize(), 17.5);
+    EXPECT_EQ(format.fontFamilies().toStringList(), QStringList({text("DejaVu Sans")}));
+    EXPECT_TRUE(box().alignment() & Qt::AlignRight);
+
+    // And it follows the caret.
+    openWith("{\\rtf1\\b Uno\\b0\\par\\qc due\\par}");
+    choose("impostadoc");
+    const auto isDown = [this](const char* name) { return control<QAbstractButton>(name).isChecked(); };
+    select(2, 2);
+    EXPECT_TRUE(isDown("bold") && isDown("alignLeft"));
+    select(5, 5);
+    EXPECT_TRUE(!isDown("bold") && isDown("alignCentre"));
+}
+
+TEST(RichTextDocument, KeepsWhatItHolds)
+{
+    const RichText original = readRtf(
+        "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}}{\\colortbl ;\\red255;\\green128\\blue1;}"
+        "\\i\\par\\i0\\qc\\f0\\fs33\\b "
+        "Titolo\\par\\pard\\qr\\par\\pard\\qj\\li720\\ri360\\fi-300\\tx1000\\tqr\\tx2000\\tqc\\tx3000"
+        "\\tqdec\\tx4000\\plain\\f1\\fs20\\i\\ul a\\tab\\strike\\cf1 b\\line\\highlight2 "
+        "c\\'e8\\u322?\\u-10179?\\u-8704?"
+        "\\par\\pard\\ql\\plain\\f1 fine\\par\\par}");
+    ASSERT_EQ(original.paragraphs().size(), 6U);
+    QTextDocument document;
+    setRichText(document, original);
+    EXPECT_EQ(toRichText(document), original);
+    EXPECT_FALSE(document.isUndoAvailable());
+}
+
+TEST_F(DocumentEditTest, WhatIsPastedIsBroughtDownToWhatATemplateKeeps)
+{
+    choose("impostadoc");
+    const auto paste = [this](const char* type, const QByteArray& data) {
+        box().clear();
+        auto* source = new QMimeData;
+        source->setData(QLatin1String(type), data);
+        QApplication::clipboard()->setMimeData(source);
+        box().paste();
+    };
+    const std::pair<const char*, QByteArray> cases[] = {
+        {"text/html",
+         "<ul><li><b>uno</b> due</li></ul><table><tr><td>a<img src='x.png'></td><td>b</td></tr></table>"},
+        {"text/rtf", "{\\rtf1 {\\pntext \\'95\\tab}\\b uno\\b0  due\\par a\\par b\\par}"},
+    };
+    for (const auto& [type, data] : cases) {
+        paste(type, data);
+        const QString flat = shown().replace(QLatin1Char('\n'), QLatin1Char('|')).remove(text("|"));
+        EXPECT_EQ(flat, QString::fromUtf8("•\tuno dueab")) << type;
+        const auto one = int(shown().indexOf(text("uno")));
+        EXPECT_EQ(formatAt(one).fontWeight(), int(QFont::Bold)) << type;
+        EXPECT_EQ(formatAt(one + 4).fontWeight(), int(QFont::Normal)) << type;
+        EXPECT_FALSE(QTextCursor(box().document()->firstBlock()).currentList()) << type;
+        const RichText kept = box().content();
+        box().setContent(kept);
+        EXPECT_EQ(box().content(), kept) << type;
+    }
+    paste("text/html", "<p style='font-size:16px; background:transparent'>a");
+    EXPECT_EQ(box().content().runs()[0].format.halfPoints, 24);
+    EXPECT_FALSE(box().content().runs()[0].format.background);
+    for (const char* type : {"text/plain", "text/html", "text/rtf"}) {
+        paste(type, (type == cases[1].first ? "{\\rtf1 " : "") + QByteArray(262144, 'a'));
+        EXPECT_EQ(shown(), QString()) << type;
+    }
+}
+
+TEST_F(DocumentEditTest, TabsStandWhereTheyStandOnPaper)
+{
+    // Half an inch in and a quarter out: the stop of the other lines, then one of the paragraph's own.
+    openWith("{\\rtf1\\li720\\fi-360\\tx2160 \\bullet\\tab a\\tab b\\par\\pard\\tab c\\par}");
+    choose("impostadoc");
+    const double inch = box().logicalDpiX();
+    const auto inchesAt = [&](int position) {
+        QTextCursor cursor(box().document());
+        cursor.setPosition(position);
+        return (box().cursorRect(cursor).x() - box().document()->documentMargin()) / inch;
+    };
+    const std::pair<int, double> places[] = {{0, 0.25}, {2, 0.5}, {4, 1.5}, {7, 0.5}};
+    for (const auto& [position, inches] : places)
+        EXPECT_NEAR(inchesAt(position), inches, 0.03) << position;
+}
+
+TEST_F(DocumentEditTest, TabIsTextWhileItCanBe)
+{
+    openWith("a");
+    choose("impostadoc");
+    QTest::keyClick(&box(), Qt::Key_Tab);
+    EXPECT_EQ(shown(), text("\ta"));
+    QTest::keyClick(&box(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_NE(form_->focusWidget(), &box());
+    choose("documento");
+    box().setFocus();
+    QTest::keyClick(&box(), Qt::Key_Tab);
+    EXPECT_NE(form_->focusWidget(), &box());
+}
+
+}  // namespace
+}  // namespace quorvin
