@@ -18,7 +18,7 @@ constexpr const char* kRtfTypes[] = {"text/rtf", "application/rtf", "text/richte
 QByteArray rtfOf(const QMimeData& source)
 {
     for (const char* type : kRtfTypes) {
-        const QByteArray data = source.data(QLatin1String(type));
+        QByteArray data = source.data(QLatin1String(type));
         if (isRtf({data.constData(), static_cast<std::size_t>(data.size())})) return data;
     }
     return {};
@@ -113,8 +113,10 @@ void DocumentEdit::keyPressEvent(QKeyEvent* event)
 {
     const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (tab && (event->modifiers() & Qt::ControlModifier)) {
-        // The box's own way stays in it as long as Tab is text.
-        QAbstractScrollArea::focusNextPrevChild(event->key() == Qt::Key_Tab);
+        const bool leaves = tabChangesFocus();
+        setTabChangesFocus(true);
+        focusNextPrevChild(event->key() == Qt::Key_Tab);
+        setTabChangesFocus(leaves);
         return;
     }
     QTextEdit::keyPressEvent(event);

@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::u32string_view kBegin = U"*(";
 constexpr std::u32string_view kEnd = U")*";
-constexpr std::size_t kBlanks = 10;
 
 constexpr std::size_t kNone = std::u32string_view::npos;
 
@@ -110,7 +109,7 @@ void DocumentTemplate::elabcom(const FieldText& fieldText, RichText& Textcomunic
 
 std::string DocumentTemplate::marker(int field)
 {
-    return "*(" + std::to_string(field) + ")*" + std::string(kBlanks, ' ');
+    return "*(" + std::to_string(field) + ")*          ";
 }
 
 std::string DocumentTemplate::toStored() const
