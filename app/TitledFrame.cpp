@@ -3,13 +3,13 @@
 #include <QApplication>
 #include <QDrag>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "app/FormCanvas.h"
+#include "view/TitleLabel.h"
 
 namespace quorvin {
 
@@ -20,10 +20,7 @@ TitledFrame::TitledFrame(const QString& name, const QString& title, QWidget* par
     setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     setAutoFillBackground(true);
 
-    title_ = new QLabel(title, this);
-    QFont bold = title_->font();
-    bold.setBold(true);
-    title_->setFont(bold);
+    title_ = new TitleLabel(title, this);
     title_->setCursor(Qt::OpenHandCursor);
     title_->setToolTip(QStringLiteral("si trascina per il titolo"));
     title_->installEventFilter(this);

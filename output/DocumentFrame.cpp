@@ -1,13 +1,13 @@
 #include "output/DocumentFrame.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 #include "output/DocumentEdit.h"
 #include "output/FormatBar.h"
 #include "view/FormScale.h"
 #include "view/Messages.h"
+#include "view/TitleLabel.h"
 #include "view/Utf8.h"
 
 namespace quorvin {
@@ -33,16 +33,12 @@ DocumentFrame::DocumentFrame(Dialogs& dialogs, QWidget* parent) :
     textcomunic_->setAccessibleName(QStringLiteral("testo del documento"));
     bar_ = new FormatBar(*textcomunic_, dialogs, this);
 
-    auto* caption = new QLabel(title, this);
-    QFont bold = caption->font();
-    bold.setBold(true);
-    caption->setFont(bold);
     auto* headLine = new QWidget(this);
     headLine->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* head = new QHBoxLayout(headLine);
     head->setContentsMargins(0, 0, 0, 0);
     head->setSpacing(12);
-    head->addWidget(caption);
+    head->addWidget(new TitleLabel(title, this));
     head->addWidget(bar_);
     head->addStretch();
     auto* layout = new QVBoxLayout(this);

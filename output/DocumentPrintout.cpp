@@ -13,6 +13,7 @@
 #include "base/RuntimeError.h"
 #include "output/DocumentEdit.h"
 #include "output/DocumentFrame.h"
+#include "output/Printer.h"
 
 namespace quorvin {
 
@@ -75,9 +76,7 @@ void DocumentPrintout::print(QPrinter& printer)
         if (page > 0 && !printer.newPage()) fail();
         drawPage(painter, *paper, page, corner);
     }
-    const bool ended = painter.end();
-    const QPrinter::PrinterState state = printer.printerState();
-    if (!ended || state == QPrinter::Error || state == QPrinter::Aborted) fail();
+    Printer::finish(painter, printer);
 }
 
 }  // namespace quorvin

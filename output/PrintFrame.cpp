@@ -13,6 +13,7 @@
 #include "output/PrintFile.h"
 #include "search/RangeFrame.h"
 #include "view/AnsiText.h"
+#include "view/TitleLabel.h"
 
 namespace quorvin {
 
@@ -49,13 +50,9 @@ PrintFrame::PrintFrame(QWidget* parent) :
 
 void PrintFrame::layOut()
 {
-    auto* title = new QLabel(QStringLiteral("file di stampa"), this);
-    QFont bold = title->font();
-    bold.setBold(true);
-    title->setFont(bold);
     auto* head = new QHBoxLayout;
     head->setSpacing(12);
-    head->addWidget(title);
+    head->addWidget(new TitleLabel(QStringLiteral("file di stampa"), this));
     head->addWidget(frame8_);
     head->addStretch();
     head->addWidget(fill_);

@@ -60,12 +60,7 @@ public:
         }
     }
 
-    void finish()
-    {
-        const bool ended = painter_.end();
-        const QPrinter::PrinterState state = printer_.printerState();
-        if (!ended || state == QPrinter::Error || state == QPrinter::Aborted) fail();
-    }
+    void finish() { Printer::finish(painter_, printer_); }
 
 private:
     /// Width of the blanks at the beginning; none where they leave no room for text.
@@ -150,6 +145,13 @@ void Printer::print(const Drawing& drawing, const QString& name)
     } else {
         drawing(printer());
     }
+}
+
+void Printer::finish(QPainter& painter, const QPrinter& printer)
+{
+    const bool ended = painter.end();
+    const QPrinter::PrinterState state = printer.printerState();
+    if (!ended || state == QPrinter::Error || state == QPrinter::Aborted) fail();
 }
 
 void Printer::drawText(QPrinter& printer, const QString& text, const QFont& font)

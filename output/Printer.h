@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+class QPainter;
 class QPrinter;
 
 namespace quorvin {
@@ -35,6 +36,9 @@ public:
 
     /// A PDF file that this would replace although the user has printed into it before; empty if none.
     QString fileToReplace();
+
+    /// Ends a drawing; raises RuntimeError 57 when it did not come out whole.
+    static void finish(QPainter& painter, const QPrinter& printer);
 
     /// Draws on pages from the first one on; raises RuntimeError 57 when that fails.
     using Drawing = std::function<void(QPrinter&)>;

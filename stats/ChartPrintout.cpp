@@ -9,6 +9,7 @@
 #include "base/OutputFile.h"
 #include "base/RuntimeError.h"
 #include "output/OverwriteQuestion.h"
+#include "output/Printer.h"
 #include "rec/RecFile.h"
 #include "stats/ChartView.h"
 #include "view/Dialogs.h"
@@ -64,7 +65,7 @@ void ChartPrintout::print(QPrinter& printer)
     if (!painter.begin(&printer)) throw RuntimeError(ErrorNumber::deviceError);
     paintWholeChart(painter, view_.chart(),
                     QRectF(QPointF(), printer.pageRect(QPrinter::DevicePixel).size()));
-    if (!painter.end()) throw RuntimeError(ErrorNumber::deviceError);
+    Printer::finish(painter, printer);
 }
 
 }  // namespace quorvin

@@ -1,7 +1,6 @@
 #include "stats/StatFrame.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -9,12 +8,13 @@
 
 #include "stats/ChartView.h"
 #include "stats/StatGridView.h"
+#include "view/TitleLabel.h"
 
 namespace quorvin {
 
 StatFrame::StatFrame(QWidget* parent) :
     QFrame(parent),
-    title_(new QLabel(this)),
+    title_(new TitleLabel({}, this)),
     grid_(new StatGridView(this)),
     chart_(new ChartView(this))
 {
@@ -23,9 +23,6 @@ StatFrame::StatFrame(QWidget* parent) :
     setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     setAutoFillBackground(true);
     title_->setObjectName(QStringLiteral("statTitle"));
-    QFont bold = title_->font();
-    bold.setBold(true);
-    title_->setFont(bold);
 
     auto* head = new QHBoxLayout;
     head->addWidget(title_);
