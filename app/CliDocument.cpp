@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "app/CliError.h"
-#include "app/CliOutput.h"
 #include "base/Ansi.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "output/DocumentTemplate.h"
 #include "output/PrintMatrix.h"
 #include "output/RtfWriter.h"
@@ -27,9 +27,21 @@ bool isControl(char32_t c)
 std::string fieldText(const RecFile& file, int n)
 {
     if (n > file.fieldCount()) throw RuntimeError(ErrorNumber::subscript);
-    std::string value(file.fieldValue(n));
+    std::string value(trim(file.fieldValue(n)));
     std::replace(value.begin(), value.end(), '\t', ' ');
     return value;
+}
+
+/// The document beside the file; one that cannot be read is an error.
+std::string storedDocument(const RecFile& file)
+{
+    PrintMatrix matrix;
+    try {
+        matrix.read(file);
+    } catch (const std::exception&) {
+        throw CliError{messages::kFileError + std::string(currentError().description())};
+    }
+    return matrix.DocumentTemplate;
 }
 
 /// Lines as all output has them.
@@ -47,7 +59,7 @@ std::string plainText(const RichText& text)
 
 bool printDocument(const RecFile& file, DocumentFormat format)
 {
-    const DocumentTemplate document(matrixOf(file).DocumentTemplate);
+    const DocumentTemplate document(storedDocument(file));
     if (document.Textserb.empty()) {
         std::cerr << "nessun documento accanto al file\n";
         return false;

@@ -12,12 +12,25 @@
 #include "base/RuntimeError.h"
 #include "output/IntervalPrint.h"
 #include "output/PrintFile.h"
+#include "output/PrintMatrix.h"
 #include "output/RecExport.h"
 #include "view/Messages.h"
 
 namespace quorvin {
 
 namespace {
+
+/// The matrix beside the file; one that cannot be read is said and does no harm.
+PrintMatrix matrixOf(const RecFile& file)
+{
+    PrintMatrix matrix;
+    try {
+        matrix.read(file);
+    } catch (const std::exception&) {
+        std::cerr << messages::kFileError << currentError().description() << '\n';
+    }
+    return matrix;
+}
 
 std::vector<int> fieldsFor(RecFields choice, const RecFile& file, const SearchQuery& query)
 {
@@ -65,17 +78,6 @@ void printInterval(PrintFile& printFile, RecFile& file, const CliSearchOptions& 
 }
 
 }  // namespace
-
-PrintMatrix matrixOf(const RecFile& file)
-{
-    PrintMatrix matrix;
-    try {
-        matrix.read(file);
-    } catch (const std::exception&) {
-        std::cerr << messages::kFileError << currentError().description() << '\n';
-    }
-    return matrix;
-}
 
 double createRec(RecFile& file, const CliSearchOptions& search, const CliCreateOptions& options)
 {

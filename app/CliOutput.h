@@ -6,7 +6,6 @@
 #include <string>
 
 #include "app/CliSearch.h"
-#include "output/PrintMatrix.h"
 
 namespace quorvin {
 
@@ -19,10 +18,6 @@ struct CliCreateOptions {
     std::optional<bool>
         compat;  ///< EpiData's greatest length of a field; unset: if the file's fields keep to it
 };
-
-/// The print matrix beside the file, and what is kept with it; one that cannot be read is said on standard
-/// error and does no harm.
-PrintMatrix matrixOf(const RecFile& file);
 
 /// Writes the hits of a search into a new REC file, and says what was written; returns their number. Raises
 /// CliError for the open file as target, one that is there, an empty matrix, or no choice of fields.

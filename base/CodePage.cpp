@@ -20,6 +20,8 @@ namespace quorvin {
 namespace {
 
 constexpr int kOwnPage = 1252;
+/// Lower numbers are no pages of their own.
+constexpr int kLowestPage = 37;
 constexpr int kUtf8Page = 65001;
 constexpr int kMacPage = 10000;
 
@@ -103,6 +105,11 @@ std::optional<std::u32string> convert(std::string_view bytes, int codePage)
         ++in;
         --inLeft;
     }
+    // Some pages hold a letter back, for a mark that may follow it.
+    char* out = buffer.data();
+    std::size_t outLeft = buffer.size();
+    iconv(converter.handle(), nullptr, nullptr, &out, &outLeft);
+    appendLittleEndian(text, {buffer.data(), buffer.size() - outLeft});
     return text;
 }
 
@@ -112,7 +119,7 @@ std::optional<std::u32string> convert(std::string_view bytes, int codePage)
 
 std::u32string fromCodePage(std::string_view bytes, int codePage)
 {
-    if (codePage != kOwnPage && !bytes.empty()) {
+    if (codePage != kOwnPage && codePage >= kLowestPage && !bytes.empty()) {
         if (auto text = convert(bytes, codePage)) return *text;
     }
     return toUnicode(bytes);

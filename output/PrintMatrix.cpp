@@ -8,6 +8,8 @@
 #include "base/OutputFile.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "output/DocumentTemplate.h"
+#include "output/RtfReader.h"
 #include "rec/RecFile.h"
 
 namespace quorvin {
@@ -17,7 +19,7 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kQuote = '"';
 
-/// Largest file that is read; a template with pictures needs some room.
+/// Largest file that is read, and written; a template with pictures needs some room.
 constexpr std::int64_t kMostBytes = std::int64_t{64} << 20;
 
 std::filesystem::path matrixFile(const RecFile& recFile)
@@ -60,13 +62,13 @@ public:
     }
 
     /// An item that may stand in double quotes, and then goes on to the second one, over commas and line
-    /// ends.
+    /// ends; RTF, in which other programs leave quotes as they are, to the last one.
     std::string_view quotedItem()
     {
         const std::string_view begin = lTrim(rest_);
         if (!begin.starts_with(kQuote)) return item();
         rest_ = begin.substr(1);
-        const std::size_t end = rest_.find(kQuote);
+        const std::size_t end = isRtf(rest_) ? rest_.rfind(kQuote) : rest_.find(kQuote);
         const std::string_view taken = rest_.substr(0, end);
         skipTo(end);
         return taken;
@@ -88,6 +90,22 @@ int wholePart(double number)
 {
     constexpr double kMost = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(std::trunc(number), -kMost, kMost));
+}
+
+/// The same document without double quotes: in RTF their escape stands for them.
+std::string withoutQuotes(std::string_view document)
+{
+    if (document.find(kQuote) == std::string_view::npos) return std::string(document);
+    if (!isRtf(document)) return DocumentTemplate(document).toStored();
+    std::string result;
+    for (const char c : document) {
+        if (c == kQuote) {
+            result += "\\'22";
+        } else {
+            result += c;
+        }
+    }
+    return result;
 }
 
 std::string readWhole(const std::filesystem::path& name)
@@ -133,7 +151,7 @@ std::string PrintMatrix::toText() const
         text.append(str(std::int64_t{field})).append(kLineEnd);
     text.append(PrintHeader).append(kLineEnd);
     text.append(str(std::int64_t{PrintMargin})).append(kLineEnd);
-    return text.append(1, kQuote).append(DocumentTemplate).append(1, kQuote).append(kLineEnd);
+    return text.append(1, kQuote).append(withoutQuotes(DocumentTemplate)).append(1, kQuote).append(kLineEnd);
 }
 
 void PrintMatrix::fromText(std::string_view text)
@@ -159,9 +177,11 @@ void PrintMatrix::fromText(std::string_view text)
 
 void PrintMatrix::matrice(const RecFile& recFile) const
 {
+    const std::string text = toText();
+    if (text.size() > static_cast<std::size_t>(kMostBytes)) throw RuntimeError(ErrorNumber::outOfMemory);
     OutputFile file;
     file.open(matrixFile(recFile));
-    file.write(toText());
+    file.write(text);
     file.commit();
 }
 

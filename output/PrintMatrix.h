@@ -22,7 +22,7 @@ public:
     FieldList entries;             ///< field numbers in the order of printing
     std::string PrintHeader;       ///< first line of a printed search
     int PrintMargin = 0;           ///< blanks before every printed line
-    std::string DocumentTemplate;  ///< RTF on one line, without any double quote
+    std::string DocumentTemplate;  ///< RTF or plain text; of other programs also over several lines
 
     int PrintMatrixCount() const { return entries.count(); }
     /// Entries in force when the choice of new ones began, and until it ends.
@@ -39,7 +39,8 @@ public:
     void clear() { *this = PrintMatrix(); }
 
     /// Writes the file that belongs to a REC file, whole or not at all; during a choice with the entries
-    /// before it. Raises what OutputFile raises, and 75 when it would be the REC file itself.
+    /// before it. Raises what OutputFile raises, 75 when it would be the REC file itself, and 7 when it could
+    /// not be read again.
     void matrice(const RecFile& recFile) const;
 
     /// Reads the file that belongs to a REC file. Where there is none everything is empty; also after an

@@ -20,10 +20,7 @@ bool isOfLine(char32_t c)
 /// Copies a text from its beginning to its end, with stretches left out and others put in.
 class Copier {
 public:
-    Copier(const RichText& from, RichText& to) : from_(from), to_(to)
-    {
-        to_.setParagraphFormat(from_.paragraphs()[0]);
-    }
+    Copier(const RichText& from, RichText& to) : from_(from), to_(to) { takeParagraphFormat(); }
 
     void copyTo(std::size_t end)
     {
@@ -32,7 +29,8 @@ public:
             const std::u32string& text = from_.text();
             if (text[position_] == RichText::kParagraphEnd) {
                 to_.endParagraph(format());
-                to_.setParagraphFormat(from_.paragraphs()[++paragraph_]);
+                ++paragraph_;
+                takeParagraphFormat();
                 advance(1);
                 continue;
             }
@@ -42,6 +40,9 @@ public:
             advance(length);
         }
     }
+
+    /// Has the last paragraph look like the one at hand.
+    void takeParagraphFormat() { to_.setParagraphFormat(from_.paragraphs()[paragraph_]); }
 
     void insert(std::u32string_view text) { to_.append(text, format()); }
 
@@ -83,8 +84,8 @@ RichText RichText::plain(std::string_view ansi)
     const CharFormat usual;
     while (true) {
         const std::size_t end = ansi.find_first_of("\r\n");
-        result.append(toUnicode(ansi.substr(0, end)), usual);
-        if (end == std::string_view::npos) return result;
+        result.append(toUnicode(ansi.substr(0, std::min(end, kMostCharacters))), usual);
+        if (end == std::string_view::npos || result.isFull()) return result;
         result.endParagraph(usual);
         ansi.remove_prefix(ansi.substr(end).starts_with("\r\n") ? end + 2 : end + 1);
     }
@@ -92,7 +93,7 @@ RichText RichText::plain(std::string_view ansi)
 
 void RichText::append(std::u32string_view text, const CharFormat& format)
 {
-    std::u32string line(text);
+    std::u32string line(text.substr(0, kMostCharacters - text_.size()));
     std::replace_if(
         line.begin(), line.end(), [](char32_t c) { return !isOfLine(c); }, U' ');
     add(line, format);
@@ -119,8 +120,12 @@ void RichText::add(std::u32string_view text, const CharFormat& format)
 {
     text = text.substr(0, kMostCharacters - text_.size());
     if (text.empty()) return;
+    if (text_.empty() || text_.back() == kParagraphEnd) runsOfParagraph_ = 0;
     text_.append(text);
-    if (runs_.empty() || runs_.back().format != format) runs_.push_back({0, format});
+    if (runs_.empty() || (runs_.back().format != format && runsOfParagraph_ < kMostRuns)) {
+        runs_.push_back({0, format});
+        ++runsOfParagraph_;
+    }
     runs_.back().length += text.size();
 }
 
@@ -134,6 +139,16 @@ RichText RichText::replaced(std::span<const Replacement> replacements) const
         copier.skipTo(replacement.position + replacement.length);
     }
     copier.copyTo(text_.size());
+    return result;
+}
+
+RichText RichText::part(std::size_t begin, std::size_t end) const
+{
+    RichText result;
+    Copier copier(*this, result);
+    copier.skipTo(begin);
+    copier.takeParagraphFormat();
+    copier.copyTo(end);
     return result;
 }
 

@@ -28,6 +28,10 @@ struct CharFormat {
 enum class Alignment { left, centre, right, justified };
 enum class TabKind { left, centre, right, decimal };
 
+/// The largest size that is kept, in half points, and the greatest length, in twips.
+inline constexpr int kMostHalfPoints = 3276;
+inline constexpr int kMostTwips = 31680;
+
 struct TabStop {
     int position = 0;  ///< twips (1/1440 inch) from the left indent of 0
     TabKind kind = TabKind::left;
@@ -48,7 +52,7 @@ struct ParagraphFormat {
 
 /// Positions are counted from 0 in characters (Unicode code points); the end of a paragraph is one character,
 /// and there is none behind the last paragraph. Never more than kMostCharacters: what is added beyond is left
-/// out.
+/// out; nor more than kMostRuns of one paragraph: the rest of it looks like the last of them.
 class RichText {
 public:
     static constexpr char32_t kParagraphEnd = U'\n';
@@ -56,6 +60,8 @@ public:
     static constexpr char32_t kLineBreak = U'\u2028';
     /// More than a hundred pages.
     static constexpr std::size_t kMostCharacters = 262144;
+    /// Far beyond any letter's; the window's time for a paragraph grows with their square.
+    static constexpr std::size_t kMostRuns = 4000;
 
     struct Run {
         std::size_t length = 0;
@@ -80,6 +86,7 @@ public:
     /// One more than there are paragraph ends.
     const std::vector<ParagraphFormat>& paragraphs() const { return paragraphs_; }
     bool empty() const { return text_.empty(); }
+    bool isFull() const { return text_.size() >= kMostCharacters; }
 
     /// Adds characters to the last paragraph. What is no character of a line (control codes but the tab)
     /// becomes a blank.
@@ -94,15 +101,17 @@ public:
     /// comes in takes the format of the first character that goes; the paragraph in which a stretch begins
     /// keeps its format.
     RichText replaced(std::span<const Replacement> replacements) const;
+    /// The characters from `begin` on and before `end`, in their paragraphs' formats.
+    RichText part(std::size_t begin, std::size_t end) const;
 
     bool operator==(const RichText&) const = default;
 
 private:
-    bool isFull() const { return text_.size() >= kMostCharacters; }
     void add(std::u32string_view text, const CharFormat& format);
 
     std::u32string text_;
     std::vector<Run> runs_;
+    std::size_t runsOfParagraph_ = 0;
     std::vector<ParagraphFormat> paragraphs_ = {ParagraphFormat()};
 };
 

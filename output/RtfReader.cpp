@@ -19,16 +19,15 @@ namespace quorvin {
 namespace {
 
 /// Bounds of what a document may ask for; beyond them its wishes are passed over. Groups within groups whose
-/// formats are kept, stops of a paragraph, half points, twips.
+/// formats are kept, stops of a paragraph, bytes of one format (a character has up to four).
 constexpr std::size_t kMostDepth = 200;
 constexpr std::size_t kMostTabs = 32;
-constexpr int kLargestSize = 3276;
-constexpr int kLongest = 31680;
+constexpr std::size_t kMostBytes = 4 * RichText::kMostCharacters;
 
 /// Size of text that asks for none, in half points.
 constexpr int kPlainSize = 24;
 
-enum class Destination { text, fonts, colours, nowhere };
+enum class Destination { text, fonts, colours, choice, nowhere };
 
 /// What holds until the end of a group.
 struct State {
@@ -39,6 +38,7 @@ struct State {
     TabKind nextTab = TabKind::left;
     int fallback = 1;  ///< characters that stand behind a Unicode escape for other readers
     bool hidden = false;
+    bool deleted = false;  ///< in a document that shows its changes
 
     State() { format.halfPoints = kPlainSize; }
 };
@@ -48,7 +48,8 @@ public:
     RichText read(std::string_view rtf)
     {
         RtfTokens tokens(rtf);
-        for (RtfToken token = tokens.next(); token.kind != RtfToken::Kind::end; token = tokens.next())
+        for (RtfToken token = tokens.next(); token.kind != RtfToken::Kind::end && !text_.isFull();
+             token = tokens.next())
             take(token);
         flush();
         return std::move(text_);
@@ -66,6 +67,7 @@ private:
     void take(const RtfToken& token);
     void beginGroup();
     void endGroup();
+    bool takeDestination(std::string_view word, bool starred);
     void takeWord(std::string_view word, std::optional<int> parameter);
     void takeBytes(std::string_view bytes);
     void takeUnit(int number);
@@ -81,7 +83,8 @@ private:
     State state_;
     std::vector<State> outer_;
     std::size_t tooDeep_ = 0;  ///< groups beyond those whose states are kept
-    bool starred_ = false;     ///< the next word begins a group for those who know it
+    bool atBegin_ = false;     ///< of a group, where a word may say where all of it goes
+    bool starred_ = false;     ///< that word is for those who know it
     int toSkip_ = 0;           ///< characters behind a Unicode escape
     char32_t firstHalf_ = 0;   ///< of a character that is two units of UTF-16
     std::string bytes_;        ///< text of the present format that is not decoded yet
@@ -115,13 +118,19 @@ void Reader::addCharacterHandlers(Handlers& handlers)
             r.state_.format.*member = r.tables_.colour(n.value_or(0));
         };
     }
+    for (const std::string_view word : kUnderlines) {
+        handlers[word] = [](Reader& r, std::optional<int> on) {
+            r.state_.format.underline = on.value_or(1) != 0;
+        };
+    }
     handlers["ulnone"] = [](Reader& r, std::optional<int>) { r.state_.format.underline = false; };
     handlers["plain"] = [](Reader& r, std::optional<int>) { r.plain(); };
     handlers["f"] = [](Reader& r, std::optional<int> n) { r.state_.font = n; };
     handlers["fs"] = [](Reader& r, std::optional<int> n) {
-        r.state_.format.halfPoints = std::clamp(n.value_or(kPlainSize), 1, kLargestSize);
+        r.state_.format.halfPoints = std::clamp(n.value_or(kPlainSize), 1, kMostHalfPoints);
     };
     handlers["v"] = [](Reader& r, std::optional<int> on) { r.state_.hidden = on.value_or(1) != 0; };
+    handlers["deleted"] = [](Reader& r, std::optional<int> on) { r.state_.deleted = on.value_or(1) != 0; };
     handlers["u"] = [](Reader& r, std::optional<int> n) { r.takeUnit(n.value_or(0)); };
     handlers["uc"] = [](Reader& r, std::optional<int> n) { r.state_.fallback = std::max(n.value_or(1), 0); };
 }
@@ -137,7 +146,7 @@ void Reader::addParagraphHandlers(Handlers& handlers)
     }
     for (const auto& [word, indent] : kIndents) {
         handlers[word] = [member = indent](Reader& r, std::optional<int> n) {
-            r.state_.paragraph.*member = std::clamp(n.value_or(0), -kLongest, kLongest);
+            r.state_.paragraph.*member = std::clamp(n.value_or(0), -kMostTwips, kMostTwips);
         };
     }
     for (const auto& [word, kind] : kTabWords)
@@ -148,13 +157,6 @@ void Reader::addParagraphHandlers(Handlers& handlers)
 
 void Reader::addDocumentHandlers(Handlers& handlers)
 {
-    const auto destination = [](Destination where) {
-        return [where](Reader& r, std::optional<int>) { r.state_.destination = where; };
-    };
-    for (const std::string_view word : kSkippedGroups)
-        handlers[word] = destination(Destination::nowhere);
-    handlers["fonttbl"] = destination(Destination::fonts);
-    handlers["colortbl"] = destination(Destination::colours);
     for (const auto& [word, page] : kPageWords)
         handlers[word] = [value = page](Reader& r, std::optional<int>) { r.tables_.codePage = value; };
     handlers["ansicpg"] = [](Reader& r, std::optional<int> n) {
@@ -191,6 +193,8 @@ void Reader::beginGroup()
 {
     flush();
     toSkip_ = 0;
+    starred_ = false;
+    atBegin_ = true;
     if (outer_.size() < kMostDepth) {
         outer_.push_back(state_);
     } else {
@@ -203,7 +207,7 @@ void Reader::endGroup()
 {
     flush();
     toSkip_ = 0;
-    starred_ = false;
+    atBegin_ = false;
     if (tooDeep_ > 0) {
         --tooDeep_;
     } else if (!outer_.empty()) {
@@ -213,6 +217,27 @@ void Reader::endGroup()
     }
 }
 
+/// Whether the first word of a group says where all of it goes.
+bool Reader::takeDestination(std::string_view word, bool starred)
+{
+    Destination& where = state_.destination;
+    if (where == Destination::nowhere) return true;
+    if (where == Destination::choice) {
+        where = contains(kChosenGroups, word) ? Destination::text : Destination::nowhere;
+    } else if (word == "fonttbl") {
+        where = Destination::fonts;
+    } else if (word == "colortbl") {
+        where = Destination::colours;
+    } else if (contains(kChoosingGroups, word)) {
+        where = Destination::choice;
+    } else if (starred || contains(kSkippedGroups, word)) {
+        where = Destination::nowhere;
+    } else {
+        return false;
+    }
+    return true;
+}
+
 void Reader::takeWord(std::string_view word, std::optional<int> parameter)
 {
     if (word.size() == 1 && kEscapedCharacters.find(word[0]) != std::string_view::npos) {
@@ -220,18 +245,16 @@ void Reader::takeWord(std::string_view word, std::optional<int> parameter)
         return;
     }
     if (word == "*") {
-        starred_ = true;
+        starred_ = atBegin_;
         return;
     }
     flush();
-    if (std::exchange(starred_, false)) {
-        state_.destination = Destination::nowhere;
-    } else if (toSkip_ > 0 && lookUp(kCharacterWords, word)) {
+    if (std::exchange(atBegin_, false) && takeDestination(word, std::exchange(starred_, false))) return;
+    if (toSkip_ > 0 && lookUp(kCharacterWords, word)) {
         --toSkip_;
         return;
     }
     toSkip_ = 0;
-    if (state_.destination == Destination::nowhere) return;
     if (state_.destination == Destination::fonts) {
         if (word == "u") takeUnit(parameter.value_or(0));
         tables_.fontWord(word, parameter.value_or(0));
@@ -247,11 +270,12 @@ void Reader::takeBytes(std::string_view bytes)
     const std::size_t skipped = std::min(static_cast<std::size_t>(toSkip_), bytes.size());
     toSkip_ -= static_cast<int>(skipped);
     bytes.remove_prefix(skipped);
-    starred_ = false;
+    atBegin_ = false;
     switch (state_.destination) {
     case Destination::text:
         // Behind the end of a file some writers leave the end of their buffer.
-        std::remove_copy(bytes.begin(), bytes.end(), std::back_inserter(bytes_), '\0');
+        if (bytes_.size() < kMostBytes)
+            std::remove_copy(bytes.begin(), bytes.end(), std::back_inserter(bytes_), '\0');
         break;
     case Destination::fonts:
         tables_.fontBytes(bytes);
@@ -259,6 +283,7 @@ void Reader::takeBytes(std::string_view bytes)
     case Destination::colours:
         tables_.colourBytes(bytes);
         break;
+    case Destination::choice:
     case Destination::nowhere:
         break;
     }
@@ -287,12 +312,13 @@ void Reader::plain()
     state_.format = State().format;
     state_.font.reset();
     state_.hidden = false;
+    state_.deleted = false;
 }
 
 void Reader::addTab(int position)
 {
-    const TabStop stop{std::clamp(position, 0, kLongest), std::exchange(state_.nextTab, TabKind::left)};
-    if (state_.paragraph.tabs.size() < kMostTabs) state_.paragraph.tabs.push_back(stop);
+    const TabStop stop{std::min(position, kMostTwips), std::exchange(state_.nextTab, TabKind::left)};
+    if (stop.position > 0 && state_.paragraph.tabs.size() < kMostTabs) state_.paragraph.tabs.push_back(stop);
 }
 
 /// Decodes what was gathered; to be called before anything changes that it depends on.
@@ -313,7 +339,7 @@ void Reader::flush()
 
 void Reader::add(std::u32string_view text)
 {
-    if (state_.hidden || state_.destination != Destination::text) return;
+    if (state_.hidden || state_.deleted || state_.destination != Destination::text) return;
     // Half a character that nothing completed.
     if (std::exchange(firstHalf_, 0) != 0) add(U"\uFFFD");
     if (end_) text_.endParagraph(*end_);

@@ -9,9 +9,6 @@ namespace quorvin {
 
 namespace {
 
-/// Longer words are cut in two: no reader knows them.
-constexpr std::size_t kMostLetters = 32;
-
 bool isLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -75,7 +72,7 @@ RtfToken RtfTokens::control()
 
 RtfToken RtfTokens::word()
 {
-    const std::string_view name = take(countWhile(rest_.substr(0, kMostLetters), isLetter));
+    const std::string_view name = take(countWhile(rest_, isLetter));
     const std::optional<int> number = parameter();
     if (rest_.starts_with(' ')) take(1);
     if (name == "bin") {

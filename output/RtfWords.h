@@ -12,6 +12,12 @@
 
 namespace quorvin {
 
+template<class Table>
+bool contains(const Table& table, std::string_view word)
+{
+    return std::find(std::begin(table), std::end(table), word) != std::end(table);
+}
+
 /// What a table has for a key, if anything.
 template<class Table, class Key>
 auto lookUp(const Table& table, const Key& key)
@@ -49,27 +55,20 @@ inline constexpr WordForCharacter kCharacterWords[] = {
 /// The escaped characters of the format itself; they are bytes of the text like any other.
 inline constexpr std::string_view kEscapedCharacters = "\\{}";
 
-inline constexpr std::string_view kParagraphEnds[] = {"par", "sect", "page", "row", "nestrow", "\r", "\n"};
+inline constexpr std::string_view kParagraphEnds[] = {"par", "sect",    "page", "column",
+                                                      "row", "nestrow", "\r",   "\n"};
 
 inline constexpr std::pair<std::string_view, bool CharFormat::*> kToggles[] = {
     {"b", &CharFormat::bold},
     {"i", &CharFormat::italic},
     {"strike", &CharFormat::strikeOut},
     {"striked", &CharFormat::strikeOut},
-    {"ul", &CharFormat::underline},
-    {"uld", &CharFormat::underline},
-    {"uldash", &CharFormat::underline},
-    {"uldashd", &CharFormat::underline},
-    {"uldashdd", &CharFormat::underline},
-    {"uldb", &CharFormat::underline},
-    {"ulhwave", &CharFormat::underline},
-    {"ulldash", &CharFormat::underline},
-    {"ulth", &CharFormat::underline},
-    {"ulthd", &CharFormat::underline},
-    {"ulthdash", &CharFormat::underline},
-    {"ululdbwave", &CharFormat::underline},
-    {"ulw", &CharFormat::underline},
-    {"ulwave", &CharFormat::underline},
+};
+
+/// Lines of all kinds below the text; they can be switched like the toggles.
+inline constexpr std::string_view kUnderlines[] = {
+    "ul",  "uld",    "uldash", "uldashd", "uldashdd", "uldb",      "ulhwave",    "ulldash",   "ululdbwave",
+    "ulw", "ulwave", "ulth",   "ulthd",   "ulthdash", "ulthdashd", "ulthdashdd", "ulthldash",
 };
 
 inline constexpr std::pair<std::string_view, Alignment> kAlignments[] = {
@@ -112,7 +111,13 @@ inline constexpr std::string_view kSkippedGroups[] = {
     "xe",         "tc",        "rxe",
     "bkmkstart",  "bkmkend",   "pntxta",
     "pntxtb",     "listtable", "listoverridetable",
+    "shprslt",
 };
+
+/// Groups of which one group within is text of the document: the frame of a text box, and a text once for
+/// readers that do not know Unicode and once for those that do.
+inline constexpr std::string_view kChoosingGroups[] = {"shpinst", "do", "upr"};
+inline constexpr std::string_view kChosenGroups[] = {"shptxt", "dptxbxtext", "ud"};
 
 /// Words that choose the document's code page.
 inline constexpr std::pair<std::string_view, int> kPageWords[] = {

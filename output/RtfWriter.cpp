@@ -67,7 +67,7 @@ private:
         std::size_t paragraph = 0;
         std::size_t position = 0;
         fonts_.number(CharFormat().font);
-        beginParagraph(text.paragraphs()[0]);
+        writeParagraphFormat(text.paragraphs()[0]);
         for (const RichText::Run& run : text.runs()) {
             writeFormat(run.format);
             for (const std::size_t end = position + run.length; position < end; ++position) {
@@ -75,14 +75,17 @@ private:
                     writeCharacter(text.text()[position]);
                     continue;
                 }
-                out_ += "\\par";
-                beginParagraph(text.paragraphs()[++paragraph]);
+                out_ += "\\par ";
+                ++paragraph;
+                // What is not said goes on as before.
+                if (text.paragraphs()[paragraph] != text.paragraphs()[paragraph - 1])
+                    writeParagraphFormat(text.paragraphs()[paragraph]);
             }
         }
         out_ += "\\par";
     }
 
-    void beginParagraph(const ParagraphFormat& format)
+    void writeParagraphFormat(const ParagraphFormat& format)
     {
         constexpr std::string_view kAlignments[] = {"", "\\qc", "\\qr", "\\qj"};
         constexpr std::string_view kTabKinds[] = {"", "\\tqc", "\\tqr", "\\tqdec"};

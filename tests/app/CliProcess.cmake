@@ -116,6 +116,8 @@ expect(2 "rekord 4 inesistente, il file ne ha 3" documento ${rec} 4)
 expect(2 "valore non valido" documento ${rec} 1 --formato html)
 file(WRITE ${WORK}/search.mtr "\r\n 0\r\n\"*(2)*, *(4)*\r\nfine\"\r\n")
 expect(2 "^66 [*][(]4[)][*]\nfine\nErrore troppi rekord trovati !! Indice non incluso nell'intervallo\n$" documento ${rec} 1)
+file(MAKE_DIRECTORY ${WORK}/escape.mtr)
+expect(2 "^Errore file !! [^\n]*\n$" documento ${WORK}/escape.rec 1)
 expect(1 "^nessun documento accanto al file\n$" documento ${SAMPLES}/pazienti.rec 1)
 
 file(WRITE ${WORK}/torn.rec "1 1\n_A            1   1  30   5   1   1   3 112 a\na1 !\na2 !\n")

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "output/DocumentTemplate.h"
 #include "rec/RecFile.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/RecBuilder.h"
@@ -64,6 +65,20 @@ TEST_F(PrintMatrixTest, TheFileByteForByte)
     EXPECT_EQ(read(), 0);
     EXPECT_EQ(shown(matrix_), before);
     EXPECT_EQ(PrintMatrix().toText(), "\r\n 0\r\n\"\"\r\n");
+    matrix_.DocumentTemplate = std::string(std::size_t{64} << 20, 'a');
+    EXPECT_EQ(errorOf([&] { matrix_.matrice(file_); }), 7) << "it could not be read again";
+    EXPECT_EQ(shown((matrix_.read(file_), matrix_)), before);
+}
+
+TEST_F(PrintMatrixTest, ADocumentOfAnotherProgramMayHoldQuotes)
+{
+    matrix_.fromText(" 1\r\n\r\n 0\r\n\"{\\rtf1 a{\\*\\fldinst \"x\"}\"b\"\r\n\\par}\"\r\n");
+    EXPECT_EQ(matrix_.toText(),
+              " 1\r\n\r\n 0\r\n\"{\\rtf1 a{\\*\\fldinst \\'22x\\'22}\\'22b\\'22\r\n\\par}\"\r\n");
+    matrix_.fromText("\r\n 0\r\nT\"b\r\n");
+    EXPECT_EQ(
+        DocumentTemplate((matrix_.fromText(matrix_.toText()), matrix_.DocumentTemplate)).Textserb.text(),
+        U"T\"b");
 }
 
 /// What becomes of a header behind one entry and before margin 4 and template T.

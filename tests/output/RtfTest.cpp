@@ -32,7 +32,7 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
     const Case cases[] = {
         // Formats.
         {"\\b a\\b0 b{\\i c\\ul d}e", "<b>a<>b<i>c<i u>d<>e"},
-        {"\\strike a\\strike0\\ulw b\\ulnone c\\uldb d\\ul0 e\\b1\\plain f", "<s>a<u>b<>c<u>d<>ef"},
+        {"\\strike a\\strike0\\ulw b\\ulnone c\\ulthdashd d\\ul0 e\\b1\\plain f", "<s>a<u>b<>c<u>d<>ef"},
         {"\\f1\\fs20 a\\f0 b\\f9 c\\plain d\\f1 e\\fs28 f", "<Arial 20>a<20>bc<>d<Arial>e<Arial 28>f"},
         {"\\cf1\\highlight2 a\\cf0 b\\highlight0\\cb1 c\\cf9 d\\plain\\chcbpat2 e",
          "<cff0010 g000080>a<g000080>b<gff0010>cd<g000080>e"},
@@ -43,12 +43,13 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
          "[c 0 0 0]a\n[r 0 0 0]b\n[j 720 100 -360]c\n[j 720 100 -360]d\ne\n[l 5 6 0]f"},
         {"\\tx100\\tqc\\tx200\\tqr\\tx300\\tqdec\\tx400 a\\tab b\\par\\pard c",
          "[l 0 0 0 l100 c200 r300 d400]a\tb\nc"},
-        {"\\li99999999999\\fi-99999999999\\tx-5 a", "[l 31680 0 -31680 l0]a"},
+        {"\\li99999999999\\fi-99999999999\\tx-5 a", "[l 31680 0 -31680]a"},
         {"a\\par", "a"},
         {"a\\par\\par", "a\n"},
         {"\\par\\par a\\par\\b\\par\\par", "\n\na\n<b>\n"},
         {"a\\\nb\\line c\\lbr d\\page e\\sect f", "a\nb\u2028c\u2028d\ne\nf"},
         {"a\r\nb\\tab c\td\\par\\trowd\\cellx9\\intbl e\\cell f\\cell\\row g", "ab\tc\td\ne\tf\t\ng"},
+        {"a\\nestcell b\\nestrow c\\column d", "a\tb\nc\nd"},
         // Characters.
         {"\\'e8\\'E8\\'80\\~\\_\\-\\emdash\\endash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet x\\\\\\{\\}",
          "èè€\u00A0\u2011\u00AD—–‘’“”•x\\{}"},
@@ -74,11 +75,18 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
         {"{\\v a}b\\v c\\v0 d\\v e\\plain f{\\header g}{\\footnote h}\\'00", "bdf"},
         {"{\\field{\\*\\fldinst HYPERLINK x}{\\fldrslt a}}{\\*\\shppict{\\pict 1}}{\\nonshppict{\\pict 1}}b",
          "ab"},
+        {"{\\shp{\\*\\shpinst\\shpleft1{\\sp{\\sn x}{\\sv y}}{\\shptxt "
+         "a\\par}}{\\shprslt{\\*\\do{\\dptxbxtext z}}}}b",
+         "a\nb"},
+        {"{\\*\\do\\dobx{\\dptxbxtext a}}{\\upr{b?}{\\*\\ud{\\u321?b}}}{\\deleted c}d\\deleted e\\deleted0 f",
+         "aŁbdf"},
         // Damaged.
         {"}}a\\b b", "a<b>b"},
         {"{\\b a", "<b>a"},
         {"a\\'zzb\\'4", "azzb"},
         {"a\\* b\\b c\\u-10179?d", "a b<b>c\uFFFDd"},
+        {"a\\*\\foo b\\footnote c\\fonttbl d", "abcd"},
+        {"\\abcdefghijklmnopqrstuvwxyzabcdefghijklm x", "x"},
         {"a{\\fonttbl{\\f1", "a"},
         {"a\\bin99999999999 b", "a"},
         {"a\\", "a}"},
@@ -88,6 +96,7 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl\\f0 Arial;\\f1\\fcharset238 \\'a3;\\f2 ;}a\\f1 b\\f2 c")),
               "<Arial>a<Ł>b<>c");
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 A\\u321?\\'e0\\u-10179?\\u-8704?;}}a")), "<AŁà😀>a");
+    EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 Arial}{\\f1 B;}}a")), "<Arial>a");
     EXPECT_EQ(shown(readRtf("no RTF\\")), "no RTF");
 }
 
@@ -155,7 +164,7 @@ private:
         for (int* length : {&result.leftIndent, &result.rightIndent, &result.firstIndent})
             *length = below(2) == 0 ? 0 : static_cast<int>(below(63361)) - 31680;
         for (std::size_t tabs = below(5); tabs-- > 0;)
-            result.tabs.push_back({static_cast<int>(below(31681)), static_cast<TabKind>(below(4))});
+            result.tabs.push_back({static_cast<int>(1 + below(31680)), static_cast<TabKind>(below(4))});
         return result;
     }
 
@@ -192,7 +201,7 @@ TEST(Rtf, OtherReadersFindWhatTheyKnow)
         writeRtf(text),
         "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Times New Roman;}}{\\colortbl "
         ";\\red255\\green0\\blue16;}\\pard \\plain\\f0\\fs28 a\\tab \\'e0\\'22\\u-255?\\u-10179?\\u-8704?"
-        "\\par\\pard\\qj\\fi-9\\tqdec\\tx7 \\plain\\f0\\fs28\\b\\cf1 \\{\\par}");
+        "\\par \\pard\\qj\\fi-9\\tqdec\\tx7 \\plain\\f0\\fs28\\b\\cf1 \\{\\par}");
 }
 
 /// Whether the parts of a text fit each other.
@@ -241,11 +250,18 @@ TEST(Rtf, NothingIsTooDeepOrTooLong)
     EXPECT_EQ(shown(read(deep + "a" + std::string(100000, '}') + "b}c")), "<b i>a<b>b<>c");
     EXPECT_EQ(read(tabs + "a").paragraphs()[0].tabs.size(), 32U);
 
+    std::string formats;
+    for (int i = 0; i < 3000; ++i)
+        formats += "\\b a\\b0 a";
+    EXPECT_EQ(read(formats + "\\par\\b c").runs().size(), RichText::kMostRuns + 1);
+    EXPECT_EQ(read(formats).text().size(), 6000U);
+
     const std::string most(RichText::kMostCharacters - 1, 'a');
     EXPECT_EQ(read(most + "bc\\par d").text(), toUnicode(most + "b"));
     const RichText ended = read(most + "\\par b\\par c");
     EXPECT_EQ(ended.text(), toUnicode(most + "\n"));
     EXPECT_TRUE(isWhole(ended));
+    EXPECT_EQ(read("\\qc " + most + "bc\\par\\pard d").paragraphs()[0].alignment, Alignment::centre);
     EXPECT_EQ(ended.replaced({{{0, 1, U"xyz"}}}).text().size(), RichText::kMostCharacters);
 }
 
