@@ -1,6 +1,7 @@
 #include "app/FormPlaces.h"
 
 #include <QRectF>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "app/FormCanvas.h"
@@ -83,6 +84,14 @@ void FormPlaces::update()
     // Behind an enlarged table its boxes would still take keys.
     parts_.record.setVisible(!enlarged);
     parts_.canvas.place(&parts_.record, record);
+}
+
+void FormPlaces::bringIntoSight(const QWidget& frame)
+{
+    if (frame.isHidden()) return;
+    const QRect place = frame.geometry();
+    parts_.scroll.ensureVisible(place.right(), place.bottom(), 0, 0);
+    parts_.scroll.ensureVisible(place.left(), place.top(), 0, 0);
 }
 
 }  // namespace quorvin

@@ -3,6 +3,7 @@
 
 #include <QList>
 
+class QScrollArea;
 class QWidget;
 
 namespace quorvin {
@@ -18,6 +19,7 @@ class StatPanel;
 
 /// The parts that share the form; all must outlive the places.
 struct FormParts {
+    QScrollArea& scroll;  ///< shows the canvas
     FormCanvas& canvas;
     const MenuState& menu;
     Navigator& navigator;
@@ -36,6 +38,9 @@ public:
 
     /// Brings all places up to date.
     void update();
+    /// Scrolls a window that is lower than its form to a frame that is shown; of one that is larger than the
+    /// window to its beginning.
+    void bringIntoSight(const QWidget& frame);
 
 private:
     struct LowerPart {

@@ -69,6 +69,7 @@ Formstart::~Formstart() = default;
 
 void Formstart::buildForm()
 {
+    auto* scroll = new QScrollArea(this);
     canvas_ = new FormCanvas(this);
     recordView_ = new RecordView(canvas_);
     navigator_ = new Navigator(recFile_, *recordView_, canvas_);
@@ -89,8 +90,8 @@ void Formstart::buildForm()
     statPanel_ =
         new StatPanel({recFile_, selections_, *navigator_, menuTree_, *searchPanel_, dialogs_}, canvas_);
     places_ =
-        std::make_unique<FormPlaces>(FormParts{*canvas_, menuTree_, *navigator_, *recordView_, *searchPanel_,
-                                               *outputPanel_, *documentPanel_, *statPanel_});
+        std::make_unique<FormPlaces>(FormParts{*scroll, *canvas_, menuTree_, *navigator_, *recordView_,
+                                               *searchPanel_, *outputPanel_, *documentPanel_, *statPanel_});
 
     Label7 = new QLabel(fromUtf8Text(messages::kInvitation), canvas_);
     Label7->setObjectName(QStringLiteral("Label7"));
@@ -108,12 +109,11 @@ void Formstart::buildForm()
     menuTree_.addControl(*frames_->Frame10->Check3);
     menuTree_.addControl(searchPanel_->Frame3());
 
-    scroll_ = new QScrollArea(this);
-    scroll_->setFrameShape(QFrame::NoFrame);
-    scroll_->setWidgetResizable(true);
-    scroll_->setFocusPolicy(Qt::NoFocus);
-    scroll_->setWidget(canvas_);
-    setCentralWidget(scroll_);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(canvas_);
+    setCentralWidget(scroll);
     statusBar()->addWidget(searchStatus_, 1);
     statusBar()->addPermanentWidget(&searchPanel_->norecSign());
 }
@@ -199,9 +199,8 @@ void Formstart::connectDocument()
     connect(outputPanel_, &OutputPanel::modeChanged, documentPanel_, &DocumentPanel::followModes);
     connect(outputPanel_, &OutputPanel::fontChosen, documentPanel_, &DocumentPanel::setFont);
     connect(canvas_, &FormCanvas::scaleChanged, &documentPanel_->frame(), &DocumentFrame::setScale);
-    connect(documentPanel_, &DocumentPanel::placesChanged, this, [this] {
-        if (!documentPanel_->frame().isHidden()) bringIntoSight(documentPanel_->frame());
-    });
+    connect(documentPanel_, &DocumentPanel::placesChanged, this,
+            [this] { places_->bringIntoSight(documentPanel_->frame()); });
     searchPanel_->lists().elabcom = [this] { documentPanel_->elabcom(); };
     outputPanel_->addPrintout(documentPanel_->printout());
 }
@@ -209,7 +208,8 @@ void Formstart::connectDocument()
 void Formstart::connectStatistics()
 {
     connect(statPanel_, &StatPanel::modeChanged, preferences_, &PreferencesPanel::Check1_Click);
-    connect(statPanel_, &StatPanel::tableShown, this, [this] { bringIntoSight(statPanel_->frame()); });
+    connect(statPanel_, &StatPanel::tableShown, this,
+            [this] { places_->bringIntoSight(statPanel_->frame()); });
     connect(outputPanel_, &OutputPanel::fontChosen, statPanel_, &StatPanel::setGridFont);
     connect(canvas_, &FormCanvas::scaleChanged, statPanel_, &StatPanel::setScale);
     outputPanel_->addPrintout(statPanel_->chartPrintout());
@@ -378,14 +378,6 @@ void Formstart::Text2_Click(int index)
     } catch (const RuntimeError&) {
         // A list that is full takes no more fields.
     }
-}
-
-/// Scrolls a window that is lower than its form; of a frame that is larger than the window the beginning.
-void Formstart::bringIntoSight(const QWidget& frame)
-{
-    const QRect place = frame.geometry();
-    scroll_->ensureVisible(place.right(), place.bottom(), 0, 0);
-    scroll_->ensureVisible(place.left(), place.top(), 0, 0);
 }
 
 void Formstart::goToRecord(const QString& number)

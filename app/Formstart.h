@@ -9,7 +9,6 @@
 #include "view/Selections.h"
 
 class QLabel;
-class QScrollArea;
 
 namespace quorvin {
 
@@ -75,7 +74,6 @@ private:
     bool isBusy() const;
     void abandon();
     void fitScreen(bool low);
-    void bringIntoSight(const QWidget& frame);
     void showState();
     void showHint(const QString& text);
     void showError(const char* prefix, const RuntimeError& error);
@@ -84,7 +82,6 @@ private:
     RecFile recFile_;
     Selections selections_;
     MenuTree menuTree_;
-    QScrollArea* scroll_ = nullptr;
     FormCanvas* canvas_ = nullptr;
     RecordView* recordView_ = nullptr;
     Navigator* navigator_ = nullptr;

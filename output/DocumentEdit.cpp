@@ -1,11 +1,15 @@
 #include "output/DocumentEdit.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTextBlock>
 #include <QTextDocumentFragment>
+#include <QWheelEvent>
 
 #include "output/RichTextDocument.h"
 #include "output/RtfReader.h"
+#include "output/RtfWriter.h"
 
 namespace quorvin {
 
@@ -39,7 +43,8 @@ RichText richTextOf(const QMimeData& source, const QFont& usual)
 
 DocumentEdit::DocumentEdit(QWidget* parent) : QTextEdit(parent)
 {
-    document()->setDefaultFont(documentFont());
+    // The document's own follows it.
+    setFont(documentFont());
     // A file dropped anywhere on the window is to be opened.
     setAcceptDrops(false);
 }
@@ -55,8 +60,20 @@ void DocumentEdit::setContent(const RichText& text)
     moveCursor(QTextCursor::Start);
 }
 
+/// Whether so many characters more, in place of the selection, are not too many; says so when they are.
+bool DocumentEdit::hasRoomFor(qsizetype characters)
+{
+    const QTextCursor cursor = textCursor();
+    const qsizetype others =
+        document()->characterCount() - 1 - (cursor.selectionEnd() - cursor.selectionStart());
+    if (others + characters <= static_cast<qsizetype>(RichText::kMostCharacters)) return true;
+    emit tooLong();
+    return false;
+}
+
 void DocumentEdit::replaceSelection(const QString& text)
 {
+    if (!hasRoomFor(text.size())) return;
     QTextCursor cursor = textCursor();
     QTextCharFormat format = currentCharFormat();
     if (cursor.hasSelection()) {
@@ -64,7 +81,10 @@ void DocumentEdit::replaceSelection(const QString& text)
         first.setPosition(cursor.selectionStart() + 1);
         format = first.charFormat();
     }
+    // A step of its own for whoever undoes it.
+    cursor.beginEditBlock();
     cursor.insertText(text, format);
+    cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
 }
@@ -95,18 +115,48 @@ void DocumentEdit::insertFromMimeData(const QMimeData* source)
     const bool formatted = source->hasHtml() || !rtfOf(*source).isEmpty();
     const RichText text = formatted ? richTextOf(*source, document()->defaultFont()) : RichText();
     const auto added = formatted ? static_cast<qsizetype>(text.text().size()) : source->text().size();
-    if (document()->characterCount() + added > static_cast<qsizetype>(RichText::kMostCharacters)) {
-        emit tooLong();
-        return;
-    }
+    // A text that was cut because it is too long is too long.
+    if (!hasRoomFor(text.isFull() ? added + 1 : added)) return;
     if (formatted) {
-        QTextDocument clean;
-        setRichText(clean, text);
-        textCursor().insertFragment(QTextDocumentFragment(&clean));
-        ensureCursorVisible();
+        insert(text);
     } else {
         QTextEdit::insertFromMimeData(source);
     }
+}
+
+void DocumentEdit::insert(const RichText& text)
+{
+    QTextDocument clean;
+    setRichText(clean, text);
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    const int begin = cursor.position();
+    // A paragraph that is new from its beginning on looks as it did where it comes from.
+    const bool whole = cursor.atBlockStart() && (clean.blockCount() > 1 || cursor.atBlockEnd());
+    cursor.insertFragment(QTextDocumentFragment(&clean));
+    if (whole) {
+        QTextCursor first(document());
+        first.setPosition(begin);
+        first.setBlockFormat(clean.firstBlock().blockFormat());
+    }
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+QMimeData* DocumentEdit::createMimeDataFromSelection() const
+{
+    QMimeData* copied = QTextEdit::createMimeDataFromSelection();
+    const QTextCursor cursor = textCursor();
+    const QString text = toPlainText();
+    const auto charactersBefore = [&text](int position) {
+        return static_cast<std::size_t>(text.left(position).toUcs4().size());
+    };
+    const RichText selected =
+        content().part(charactersBefore(cursor.selectionStart()), charactersBefore(cursor.selectionEnd()));
+    copied->setData(QLatin1String(kRtfTypes[0]), QByteArray::fromStdString(writeRtf(selected)));
+    return copied;
 }
 
 void DocumentEdit::keyPressEvent(QKeyEvent* event)
@@ -119,7 +169,26 @@ void DocumentEdit::keyPressEvent(QKeyEvent* event)
         setTabChangesFocus(leaves);
         return;
     }
+    const bool typed = tab || event->matches(QKeySequence::InsertParagraphSeparator) ||
+                       (!event->text().isEmpty() && event->text().front().isPrint());
+    if (typed && !isReadOnly() && !hasRoomFor(1)) return;
     QTextEdit::keyPressEvent(event);
+}
+
+void DocumentEdit::inputMethodEvent(QInputMethodEvent* event)
+{
+    if (!event->commitString().isEmpty() && !hasRoomFor(event->commitString().size())) return;
+    QTextEdit::inputMethodEvent(event);
+}
+
+void DocumentEdit::wheelEvent(QWheelEvent* event)
+{
+    // With Ctrl it would change the font of what is typed into an empty document.
+    if (event->modifiers() & Qt::ControlModifier) {
+        event->ignore();
+        return;
+    }
+    QTextEdit::wheelEvent(event);
 }
 
 }  // namespace quorvin

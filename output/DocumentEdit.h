@@ -1,4 +1,4 @@
-/// A box for formatted text that holds nothing but what a template can keep.
+/// A box for formatted text that holds nothing but what a template can keep, and no more.
 #pragma once
 
 #include <QTextEdit>
@@ -7,8 +7,8 @@
 
 namespace quorvin {
 
-/// What is pasted is brought down to the formats of RichText first. Tab is part of the text while it can be
-/// edited; Ctrl+Tab leaves the box then.
+/// What is pasted is brought down to the formats of RichText first; what is copied is RTF too. Tab is part of
+/// the text while it can be edited; Ctrl+Tab leaves the box then.
 class DocumentEdit : public QTextEdit {
     Q_OBJECT
 
@@ -26,13 +26,20 @@ public:
     void setWholeFont(const QFont& font);
 
 signals:
-    /// Something was not pasted, for the text would become longer than a document may be.
+    /// Something was not put in, for the text would become longer than a document may be.
     void tooLong();
 
 protected:
+    QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool hasRoomFor(qsizetype characters);
+    void insert(const RichText& text);
 };
 
 }  // namespace quorvin

@@ -55,7 +55,6 @@ void DocumentFrame::setEditing(bool editing)
     editing_ = editing;
     bar_->setVisible(editing);
     textcomunic_->setReadOnly(!editing);
-    textcomunic_->setTabChangesFocus(!editing);
     // Also a letter that is only read can be gone through and copied from by keyboard.
     if (!editing)
         textcomunic_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

@@ -1,6 +1,7 @@
 #include "output/DocumentPanel.h"
 
 #include <exception>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "output/DocumentEdit.h"
@@ -126,10 +127,12 @@ void DocumentPanel::endEditing()
 
 void DocumentPanel::askToSave(const RichText& edited)
 {
-    unsaved_ = false;
-    if (!parts_.dialogs.question(BoxIcon::question, fromUtf8Text(messages::kSaveDocument), {})) return;
-    template_.Textserb = edited;
-    unsaved_ = !parts_.matrix.saveTemplate(template_.toStored());
+    if (parts_.dialogs.question(BoxIcon::question, fromUtf8Text(messages::kSaveDocument), {})) {
+        template_.Textserb = edited;
+        unsaved_ = !parts_.matrix.saveTemplate(template_.toStored());
+    } else if (std::exchange(unsaved_, false)) {
+        template_ = DocumentTemplate(parts_.matrix.matrix().DocumentTemplate);
+    }
 }
 
 /// Has the box hold the template as it is.

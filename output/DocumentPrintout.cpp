@@ -61,6 +61,11 @@ bool DocumentPrintout::isShown() const
     return frame_.isVisible();
 }
 
+bool DocumentPrintout::isEmpty() const
+{
+    return frame_.Textcomunic().document()->isEmpty();
+}
+
 void DocumentPrintout::print(QPrinter& printer)
 {
     QPainter painter;

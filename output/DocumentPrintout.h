@@ -13,6 +13,7 @@ public:
     explicit DocumentPrintout(const DocumentFrame& frame) : frame_(frame) {}
 
     bool isShown() const override;
+    bool isEmpty() const override;
     void print(QPrinter& printer) override;
 
 private:

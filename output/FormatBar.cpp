@@ -1,6 +1,7 @@
 #include "output/FormatBar.h"
 
 #include <QButtonGroup>
+#include <QEvent>
 #include <QFontComboBox>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -8,6 +9,7 @@
 #include <QPainter>
 #include <QShortcut>
 #include <QToolButton>
+#include <algorithm>
 #include <array>
 
 #include "output/DocumentEdit.h"
@@ -18,9 +20,11 @@ namespace quorvin {
 namespace {
 
 constexpr int kSizes[] = {8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72};
-/// Points; to half a point.
+/// Points; sizes are rounded to half a point.
 constexpr double kSmallestSize = 1;
-constexpr double kLargestSize = 1638;
+
+/// Pixels.
+constexpr int kFontWidth = 220;
 
 constexpr int kIconSide = 16;
 constexpr int kIconLines = 4;
@@ -79,13 +83,6 @@ QIcon colourIcon(const QColor& colour, const QWidget& widget)
     return picture;
 }
 
-/// Shows a text, which the box's list may have or not.
-void showText(QComboBox& box, const QString& text)
-{
-    box.setCurrentIndex(box.findText(text));
-    box.setEditText(text);
-}
-
 }  // namespace
 
 FormatBar::FormatBar(DocumentEdit& box, Dialogs& dialogs, QWidget* parent) :
@@ -124,24 +121,42 @@ QWidget* FormatBar::setTabOrderAfter(QWidget* control)
 
 void FormatBar::makeFontBoxes()
 {
-    font_->setObjectName(QStringLiteral("fontName"));
-    font_->setAccessibleName(QStringLiteral("carattere"));
-    font_->setToolTip(QStringLiteral("carattere"));
-    font_->setMaximumWidth(220);
-    size_->setObjectName(QStringLiteral("fontSize"));
-    size_->setAccessibleName(QStringLiteral("dimensione in punti"));
-    size_->setToolTip(QStringLiteral("dimensione in punti"));
-    size_->setEditable(true);
-    size_->setInsertPolicy(QComboBox::NoInsert);
+    makeEditable(*font_, "fontName", QStringLiteral("carattere"), &FormatBar::applyFont);
+    makeEditable(*size_, "fontSize", QStringLiteral("dimensione in punti"), &FormatBar::applySize);
+    font_->setMaximumWidth(kFontWidth);
     for (const int size : kSizes)
         size_->addItem(QString::number(size));
-    connect(font_, &QComboBox::textActivated, this, [this](const QString& family) {
-        QTextCharFormat format;
-        format.setFontFamilies({family});
-        apply(format);
+}
+
+/// Has a list apply what is chosen, or typed and left. By mouse or Enter one is back in the text then.
+void FormatBar::makeEditable(QComboBox& box, const char* name, const QString& purpose,
+                             void (FormatBar::*take)())
+{
+    box.setObjectName(QLatin1String(name));
+    box.setAccessibleName(purpose);
+    box.setToolTip(purpose);
+    box.setEditable(true);
+    box.setInsertPolicy(QComboBox::NoInsert);
+    box.installEventFilter(this);
+    box.lineEdit()->installEventFilter(this);
+    connect(&box, &QComboBox::activated, this, [this, take] {
+        (this->*take)();
+        if (!viaKeys_) box_.setFocus();
     });
-    connect(size_, &QComboBox::activated, this, &FormatBar::applySize);
-    connect(size_->lineEdit(), &QLineEdit::returnPressed, this, &FormatBar::applySize);
+    connect(box.lineEdit(), &QLineEdit::editingFinished, this, [this, take, &box] {
+        if (box.lineEdit()->isModified()) (this->*take)();
+    });
+    connect(box.lineEdit(), &QLineEdit::returnPressed, this, [this] { box_.setFocus(); });
+}
+
+bool FormatBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) viaKeys_ = true;
+    if (event->type() == QEvent::MouseButtonPress) viaKeys_ = false;
+    if (event->type() != QEvent::Wheel) return QWidget::eventFilter(watched, event);
+    // Turned in passing, it must not format the letter.
+    event->ignore();
+    return true;
 }
 
 QToolButton* FormatBar::addButton(const char* name, const QString& purpose)
@@ -190,17 +205,17 @@ void FormatBar::makeToggles()
     connect(bold_, &QToolButton::clicked, this, [this](bool on) {
         QTextCharFormat format;
         format.setFontWeight(on ? QFont::Bold : QFont::Normal);
-        apply(format);
+        applyAndGoOn(format);
     });
     connect(italic_, &QToolButton::clicked, this, [this](bool on) {
         QTextCharFormat format;
         format.setFontItalic(on);
-        apply(format);
+        applyAndGoOn(format);
     });
     connect(underline_, &QToolButton::clicked, this, [this](bool on) {
         QTextCharFormat format;
         format.setFontUnderline(on);
-        apply(format);
+        applyAndGoOn(format);
     });
 }
 
@@ -227,17 +242,18 @@ void FormatBar::makeColour()
 void FormatBar::showFormat(const QTextCharFormat& format)
 {
     // The name as the document has it, also where this system has another font for it.
-    const QStringList families = format.fontFamilies().toStringList();
-    const QFont usual = box_.document()->defaultFont();
-    showText(*font_, families.isEmpty() ? usual.family() : families.constFirst());
-    const double size = format.fontPointSize();
-    showText(*size_, QString::number(size > 0 ? size : usual.pointSizeF()));
+    const QString family = format.fontFamilies().toStringList().value(0, box_.font().family());
+    font_->setCurrentIndex(font_->findText(family));
+    font_->setEditText(family);
+    const double size = format.fontPointSize() > 0 ? format.fontPointSize() : box_.font().pointSizeF();
+    // Keys go on from here also where the list lacks the size.
+    const auto larger = std::upper_bound(std::begin(kSizes), std::end(kSizes), size);
+    size_->setCurrentIndex(std::max(0, static_cast<int>(larger - std::begin(kSizes)) - 1));
+    size_->setEditText(QString::number(size));
     bold_->setChecked(format.fontWeight() > QFont::Medium);
     italic_->setChecked(format.fontItalic());
     underline_->setChecked(format.fontUnderline());
-    const bool own = format.foreground().style() != Qt::NoBrush;
-    colour_->setIcon(
-        colourIcon(own ? format.foreground().color() : box_.palette().color(QPalette::Text), *this));
+    colour_->setIcon(colourIcon(colour(), *this));
 }
 
 void FormatBar::showAlignment()
@@ -248,34 +264,51 @@ void FormatBar::showAlignment()
     }
 }
 
+/// Of the text at the caret.
+QColor FormatBar::colour() const
+{
+    const QBrush own = box_.currentCharFormat().foreground();
+    return own.style() == Qt::NoBrush ? box_.palette().color(QPalette::Text) : own.color();
+}
+
 void FormatBar::apply(const QTextCharFormat& format)
 {
     box_.mergeCurrentCharFormat(format);
+    showFormat(box_.currentCharFormat());
+}
+
+void FormatBar::applyAndGoOn(const QTextCharFormat& format)
+{
+    apply(format);
     box_.setFocus();
 }
 
-/// What is no size gives way to the size that is.
+/// What is no font of this system gives way to the font that is; sizes likewise.
+void FormatBar::applyFont()
+{
+    QTextCharFormat format;
+    const int index = font_->findText(font_->currentText(), Qt::MatchFixedString);
+    if (index >= 0) format.setFontFamilies({font_->itemText(index)});
+    apply(format);
+}
+
 void FormatBar::applySize()
 {
     bool isNumber = false;
     const double typed = size_->currentText().replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
-    if (isNumber && typed >= kSmallestSize && typed <= kLargestSize) {
-        QTextCharFormat format;
+    QTextCharFormat format;
+    if (isNumber && typed >= kSmallestSize && typed <= kMostHalfPoints / 2.0)
         format.setFontPointSize(qRound(2 * typed) / 2.0);
-        apply(format);
-    }
-    showFormat(box_.currentCharFormat());
+    apply(format);
 }
 
 void FormatBar::chooseColour()
 {
-    const QTextCharFormat format = box_.currentCharFormat();
-    const bool own = format.foreground().style() != Qt::NoBrush;
-    const auto chosen = dialogs_.chooseColour(own ? format.foreground().color() : QColor(Qt::black));
+    const auto chosen = dialogs_.chooseColour(colour());
     if (!chosen) return;
     QTextCharFormat coloured;
     coloured.setForeground(*chosen);
-    apply(coloured);
+    applyAndGoOn(coloured);
 }
 
 }  // namespace quorvin

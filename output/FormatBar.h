@@ -25,8 +25,12 @@ public:
     /// Stands its controls behind this one for the Tab key; returns the last of them.
     QWidget* setTabOrderAfter(QWidget* control);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void makeFontBoxes();
+    void makeEditable(QComboBox& box, const char* name, const QString& purpose, void (FormatBar::*take)());
     QToolButton* addButton(const char* name, const QString& purpose);
     QToolButton* addToggle(const char* name, const QString& caption, const QString& purpose,
                            const QKeySequence& keys);
@@ -35,7 +39,10 @@ private:
     void makeColour();
     void showFormat(const QTextCharFormat& format);
     void showAlignment();
+    QColor colour() const;
     void apply(const QTextCharFormat& format);
+    void applyAndGoOn(const QTextCharFormat& format);
+    void applyFont();
     void applySize();
     void chooseColour();
 
@@ -48,6 +55,7 @@ private:
     QToolButton* underline_ = nullptr;
     QButtonGroup* alignments_;
     QToolButton* colour_ = nullptr;
+    bool viaKeys_ = false;  ///< the last entry of a list was chosen by keyboard
 };
 
 }  // namespace quorvin

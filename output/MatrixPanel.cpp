@@ -109,8 +109,10 @@ void MatrixPanel::margstamp_Click()
 
 bool MatrixPanel::saveTemplate(std::string stored)
 {
-    matrix_.DocumentTemplate = std::move(stored);
-    return save(QStringLiteral("documento salvato"));
+    std::swap(matrix_.DocumentTemplate, stored);
+    const bool saved = save(QStringLiteral("documento salvato"));
+    if (!saved) matrix_.DocumentTemplate = std::move(stored);
+    return saved;
 }
 
 bool MatrixPanel::save(const QString& what)

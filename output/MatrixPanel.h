@@ -34,7 +34,7 @@ public:
     void load();
 
     /// Keeps this document template with the matrix, and writes both; false, after `saveFailed`, when that
-    /// fails.
+    /// fails: the one before is kept then.
     bool saveTemplate(std::string stored);
 
     /// Whether clicks in the field boxes choose fields for the matrix.

@@ -311,10 +311,11 @@ Printout* OutputPanel::shownPrintout() const
 
 void OutputPanel::Command4_Click()
 {
-    if (Printout* printout = shownPrintout()) {
+    Printout* printout = shownPrintout();
+    if (printout && !printout->isEmpty()) {
         printout->prepare();
         print([printout](QPrinter& printer) { printout->print(printer); });
-    } else if (!parts_.menu.isAnyTicked(MenuState::kCountingModes) && !frame_->isHidden() &&
+    } else if (!printout && !parts_.menu.isAnyTicked(MenuState::kCountingModes) && !frame_->isHidden() &&
                !frame_->text().isEmpty()) {
         print([this](QPrinter& printer) { Printer::drawText(printer, frame_->text(), frame_->textFont()); });
     } else {

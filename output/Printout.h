@@ -14,6 +14,8 @@ public:
     virtual ~Printout() = default;
 
     virtual bool isShown() const = 0;
+    /// Whether there is nothing on it to print.
+    virtual bool isEmpty() const { return false; }
     /// What is done at the button's press besides printing, and before it. Shows its own boxes.
     virtual void prepare() {}
     /// Puts it on the printer's pages. Raises RuntimeError 57 when that fails.

@@ -18,6 +18,7 @@ constexpr double kTwipsPerInch = 1440;
 constexpr double kPointsPerInch = 72;
 /// Distance of the tab stops that nobody set, twips.
 constexpr int kUsualTabStops = 720;
+constexpr qsizetype kMostFontName = 64;
 constexpr std::uint32_t kColourBits = 0xFFFFFF;
 
 constexpr std::pair<Alignment, Qt::AlignmentFlag> kAlignments[] = {
@@ -45,14 +46,20 @@ double toPixels(int twips)
     return twips * pixelsPerInch() / kTwipsPerInch;
 }
 
+/// Within what is kept; pages from elsewhere ask for anything.
 int toTwips(double pixels)
 {
-    return qRound(pixels * kTwipsPerInch / pixelsPerInch());
+    const double twips = pixels * kTwipsPerInch / pixelsPerInch();
+    return qRound(std::clamp<double>(twips, -kMostTwips, kMostTwips));
 }
 
 QString toQString(std::u32string_view text)
 {
-    return QString::fromUcs4(text.data(), static_cast<qsizetype>(text.size()));
+    constexpr char16_t kByteOrderMark = 0xFEFF;
+    QString result = QString::fromUcs4(text.data(), static_cast<qsizetype>(text.size()));
+    // At the beginning it is taken for the sign of the byte order.
+    if (text.starts_with(kByteOrderMark)) result.prepend(QChar(kByteOrderMark));
+    return result;
 }
 
 /// Where the first line begins; the stops of a paragraph in the window are counted from there.
@@ -86,8 +93,8 @@ CharFormat fromQt(const QTextCharFormat& format, const QFont& usual)
     CharFormat result;
     const QStringList families = format.fontFamilies().toStringList();
     const QString family = families.isEmpty() ? usual.family() : families.constFirst();
-    result.font = family.toStdU32String();
-    result.halfPoints = std::max(1, qRound(2 * pointSizeOf(format, usual)));
+    if (!family.isEmpty()) result.font = family.left(kMostFontName).toStdU32String();
+    result.halfPoints = qRound(std::clamp<double>(2 * pointSizeOf(format, usual), 1, kMostHalfPoints));
     result.bold = format.fontWeight() > QFont::Medium;
     result.italic = format.fontItalic();
     result.underline = format.fontUnderline();
@@ -219,6 +226,8 @@ void setRichText(QTextDocument& document, const RichText& text)
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     cursor.setBlockFormat(toQt(text.paragraphs()[0]));
+    // What is typed into an empty document has a font of its own too.
+    cursor.setBlockCharFormat(toQt(CharFormat()));
     std::size_t paragraph = 0;
     std::size_t position = 0;
     for (const RichText::Run& run : text.runs()) {

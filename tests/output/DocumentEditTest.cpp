@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTextBlock>
+#include <QWheelEvent>
 
 #include "output/RichTextDocument.h"
 #include "output/RtfReader.h"
@@ -19,7 +20,18 @@ namespace {
 
 using test::text;
 
-class DocumentEditTest : public test::DocumentTest {};
+class DocumentEditTest : public test::DocumentTest {
+protected:
+    /// Into the empty box.
+    void paste(const char* type, const QByteArray& bytes)
+    {
+        box().clear();
+        auto* source = new QMimeData;
+        source->setData(QLatin1String(type), bytes);
+        QApplication::clipboard()->setMimeData(source);
+        box().paste();
+    }
+};
 
 TEST_F(DocumentEditTest, TheBarFormatsWhatIsSelected)
 {
@@ -39,13 +51,30 @@ TEST_F(DocumentEditTest, TheBarFormatsWhatIsSelected)
         QTest::keyClicks(&line, text(words));
         QTest::keyClick(&line, Qt::Key_Return);
     };
+    typeInto("fontSize", "24");
+    const int steps = box().document()->availableUndoSteps();
     typeInto("fontSize", "17,5");
-    typeInto("fontSize", "9999");
-    typeInto("fontName", "DejaVu Sans");
+    EXPECT_EQ(box().document()->availableUndoSteps(), steps + 1);
+    typeInto("fontName", "dejavu sans");
+    for (const char* nonsense : {"9999", "", "x"}) {
+        typeInto("fontSize", nonsense);
+        typeInto("fontName", nonsense);
+    }
+    EXPECT_EQ(control<QComboBox>("fontSize").currentText(), text("17.5"));
+    EXPECT_EQ(control<QComboBox>("fontName").currentText(), text("DejaVu Sans"));
+    // By keys one stays in the list, from the size that is.
+    control("fontSize").setFocus();
+    QTest::keyClick(&control("fontSize"), Qt::Key_Down);
+    EXPECT_EQ(form_->focusWidget(), &control("fontSize"));
+    EXPECT_EQ(formatAt(0).fontPointSize(), 18);
+    QTest::keyClick(&control("fontSize"), Qt::Key_Up);
+    QWheelEvent wheel(QPointF(9, 9), control("fontSize").mapToGlobal(QPointF(9, 9)), {}, {0, 120},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&control("fontSize"), &wheel);
     const QTextCharFormat format = formatAt(0);
     EXPECT_TRUE(format.fontWeight() == QFont::Bold && format.fontItalic() && format.fontUnderline());
     EXPECT_EQ(format.foreground().color(), QColor(1, 2, 3));
-    EXPECT_EQ(format.fontPointSize(), 17.5);
+    EXPECT_EQ(format.fontPointSize(), 16);
     EXPECT_EQ(format.fontFamilies().toStringList(), QStringList({text("DejaVu Sans")}));
     EXPECT_TRUE(box().alignment() & Qt::AlignRight);
 
@@ -78,13 +107,6 @@ TEST(RichTextDocument, KeepsWhatItHolds)
 TEST_F(DocumentEditTest, WhatIsPastedIsBroughtDownToWhatATemplateKeeps)
 {
     choose("impostadoc");
-    const auto paste = [this](const char* type, const QByteArray& data) {
-        box().clear();
-        auto* source = new QMimeData;
-        source->setData(QLatin1String(type), data);
-        QApplication::clipboard()->setMimeData(source);
-        box().paste();
-    };
     const std::pair<const char*, QByteArray> cases[] = {
         {"text/html",
          "<ul><li><b>uno</b> due</li></ul><table><tr><td>a<img src='x.png'></td><td>b</td></tr></table>"},
@@ -105,10 +127,62 @@ TEST_F(DocumentEditTest, WhatIsPastedIsBroughtDownToWhatATemplateKeeps)
     paste("text/html", "<p style='font-size:16px; background:transparent'>a");
     EXPECT_EQ(box().content().runs()[0].format.halfPoints, 24);
     EXPECT_FALSE(box().content().runs()[0].format.background);
+}
+
+TEST_F(DocumentEditTest, NoMoreGoesInThanIsKept)
+{
+    choose("impostadoc");
+    const QByteArray many = QByteArray("a ").repeated(131072);
     for (const char* type : {"text/plain", "text/html", "text/rtf"}) {
-        paste(type, (type == cases[1].first ? "{\\rtf1 " : "") + QByteArray(262144, 'a'));
+        paste(type, (type == std::string("text/rtf") ? "{\\rtf1 " : "") + many + "a ");
         EXPECT_EQ(shown(), QString()) << type;
     }
+    paste("text/plain", many);
+    write("b");
+    click("Text2(1)");
+    EXPECT_EQ(shown().size(), many.size());
+    // In place of something there is room.
+    select(1, 17);
+    click("Text2(1)");
+    write("b");
+    EXPECT_EQ(shown().size(), many.size());
+    EXPECT_EQ(shown().mid(1, 16), text("*(1)*          b"));
+}
+
+TEST_F(DocumentEditTest, WhatIsCutComesBackAsItWas)
+{
+    openWith("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\qc Uno\\par\\pard\\qr\\li300\\tx3000\\tab\\b "
+             "due\\line\\par\\pard tre\\par}");
+    choose("impostadoc");
+    const RichText before = box().content();
+    box().selectAll();
+    box().cut();
+    box().paste();
+    EXPECT_EQ(box().content(), before);
+    select(4, 9);
+    box().cut();
+    box().paste();
+    EXPECT_EQ(box().content(), before);
+    // A marker is a step of its own, and what is typed is not undone with it.
+    select(2, 2);
+    write("xy");
+    click("Text2(1)");
+    box().undo();
+    EXPECT_TRUE(shown().startsWith(text("Unxyo")));
+}
+
+TEST_F(DocumentEditTest, TheLetterFontStaysWhateverHappensToTheWindow)
+{
+    choose("documento");
+    QWheelEvent wheel(QPointF(9, 9), box().mapToGlobal(QPointF(9, 9)), {}, {0, 120}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(box().viewport(), &wheel);
+    const QFont before = QApplication::font();
+    QApplication::setFont(QFont(text("DejaVu Sans"), 7));
+    choose("impostadoc");
+    write("a");
+    QApplication::setFont(before);
+    EXPECT_EQ(box().content().runs()[0].format, CharFormat());
 }
 
 TEST_F(DocumentEditTest, TabsStandWhereTheyStandOnPaper)

@@ -193,6 +193,17 @@ TEST_F(DocumentPanelTest, ATemplateThatCannotBeSavedIsNotLost)
     choose("impostadoc");
     choose("impostadoc");
     EXPECT_EQ(dialogs_.messages.size(), 2) << "also without a further change";
+    // No gives it up for what the disk has.
+    choose("impostadoc");
+    choose("impostadoc");
+    choose("documento");
+    EXPECT_EQ(shown(), QString());
+    click("Command4");
+    EXPECT_EQ(dialogs_.messages.size(), 3) << "nothing to print, and nothing to ask";
+    choose("impostadoc");
+    write("Testo");
+    dialogs_.yesAnswers = 1;
+    choose("impostadoc");
     choose("documento");
     EXPECT_EQ(shown(), text("Testo"));
     fs::remove(matrixFile());
