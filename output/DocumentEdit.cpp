@@ -16,8 +16,8 @@ namespace quorvin {
 namespace {
 
 /// Names under which systems hand RTF over.
-constexpr const char* kRtfTypes[] = {"text/rtf", "application/rtf", "text/richtext",
-                                     "application/x-qt-windows-mime;value=\"Rich Text Format\""};
+constexpr char kWindowsRtf[] = "application/x-qt-windows-mime;value=\"Rich Text Format\"";
+constexpr const char* kRtfTypes[] = {"text/rtf", "application/rtf", "text/richtext", kWindowsRtf};
 
 QByteArray rtfOf(const QMimeData& source)
 {
@@ -132,14 +132,17 @@ void DocumentEdit::insert(const RichText& text)
     cursor.beginEditBlock();
     cursor.removeSelectedText();
     const int begin = cursor.position();
-    // A paragraph that is new from its beginning on looks as it did where it comes from.
-    const bool whole = cursor.atBlockStart() && (clean.blockCount() > 1 || cursor.atBlockEnd());
+    const QTextBlockFormat here = cursor.blockFormat();
+    const bool atStart = cursor.atBlockStart();
+    const bool blank = atStart && cursor.atBlockEnd();
     cursor.insertFragment(QTextDocumentFragment(&clean));
-    if (whole) {
-        QTextCursor first(document());
-        first.setPosition(begin);
-        first.setBlockFormat(clean.firstBlock().blockFormat());
-    }
+    QTextCursor first(document());
+    first.setPosition(begin);
+    // Whole paragraphs bring their formats along; what joins a paragraph that is there takes that one's.
+    first.setBlockFormat(atStart && clean.blockCount() > 1 ? clean.firstBlock().blockFormat() : here);
+    if (clean.blockCount() > 1)
+        cursor.setBlockFormat(blank && clean.lastBlock().length() > 1 ? clean.lastBlock().blockFormat()
+                                                                      : here);
     cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -147,15 +150,19 @@ void DocumentEdit::insert(const RichText& text)
 
 QMimeData* DocumentEdit::createMimeDataFromSelection() const
 {
-    QMimeData* copied = QTextEdit::createMimeDataFromSelection();
     const QTextCursor cursor = textCursor();
+    const QTextDocumentFragment fragment(cursor);
     const QString text = toPlainText();
     const auto charactersBefore = [&text](int position) {
         return static_cast<std::size_t>(text.left(position).toUcs4().size());
     };
     const RichText selected =
         content().part(charactersBefore(cursor.selectionStart()), charactersBefore(cursor.selectionEnd()));
-    copied->setData(QLatin1String(kRtfTypes[0]), QByteArray::fromStdString(writeRtf(selected)));
+    auto* copied = new QMimeData;
+    copied->setText(fragment.toPlainText());
+    copied->setHtml(fragment.toHtml());
+    for (const char* type : {kRtfTypes[0], kWindowsRtf})
+        copied->setData(QLatin1String(type), QByteArray::fromStdString(writeRtf(selected)));
     return copied;
 }
 
@@ -177,8 +184,13 @@ void DocumentEdit::keyPressEvent(QKeyEvent* event)
 
 void DocumentEdit::inputMethodEvent(QInputMethodEvent* event)
 {
-    if (!event->commitString().isEmpty() && !hasRoomFor(event->commitString().size())) return;
-    QTextEdit::inputMethodEvent(event);
+    if (event->commitString().isEmpty() || isReadOnly() || hasRoomFor(event->commitString().size())) {
+        QTextEdit::inputMethodEvent(event);
+    } else {
+        // What was being composed goes.
+        QInputMethodEvent nothing;
+        QTextEdit::inputMethodEvent(&nothing);
+    }
 }
 
 void DocumentEdit::wheelEvent(QWheelEvent* event)

@@ -1,10 +1,10 @@
 #include "output/FormatBar.h"
 
 #include <QButtonGroup>
-#include <QEvent>
 #include <QFontComboBox>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QShortcut>
@@ -137,6 +137,8 @@ void FormatBar::makeEditable(QComboBox& box, const char* name, const QString& pu
     box.setToolTip(purpose);
     box.setEditable(true);
     box.setInsertPolicy(QComboBox::NoInsert);
+    // While a size is typed it is not to become a longer one of the list.
+    if (&box == size_) box.setCompleter(nullptr);
     box.installEventFilter(this);
     box.lineEdit()->installEventFilter(this);
     connect(&box, &QComboBox::activated, this, [this, take] {
@@ -153,6 +155,11 @@ bool FormatBar::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) viaKeys_ = true;
     if (event->type() == QEvent::MouseButtonPress) viaKeys_ = false;
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        showFormat(box_.currentCharFormat());
+        box_.setFocus();
+        return true;
+    }
     if (event->type() != QEvent::Wheel) return QWidget::eventFilter(watched, event);
     // Turned in passing, it must not format the letter.
     event->ignore();
@@ -273,12 +280,15 @@ QColor FormatBar::colour() const
 
 void FormatBar::apply(const QTextCharFormat& format)
 {
-    box_.mergeCurrentCharFormat(format);
+    if (format.propertyCount() > 0) box_.mergeCurrentCharFormat(format);
     showFormat(box_.currentCharFormat());
 }
 
+/// What was typed into a list and not left yet comes first.
 void FormatBar::applyAndGoOn(const QTextCharFormat& format)
 {
+    if (font_->lineEdit()->isModified()) applyFont();
+    if (size_->lineEdit()->isModified()) applySize();
     apply(format);
     box_.setFocus();
 }

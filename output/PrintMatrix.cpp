@@ -62,13 +62,14 @@ public:
     }
 
     /// An item that may stand in double quotes, and then goes on to the second one, over commas and line
-    /// ends; RTF, in which other programs leave quotes as they are, to the last one.
+    /// ends; RTF, in which other programs leave quotes as they are, to the one behind its last brace.
     std::string_view quotedItem()
     {
         const std::string_view begin = lTrim(rest_);
         if (!begin.starts_with(kQuote)) return item();
         rest_ = begin.substr(1);
-        const std::size_t end = isRtf(rest_) ? rest_.rfind(kQuote) : rest_.find(kQuote);
+        const std::size_t brace = isRtf(rest_) ? rest_.rfind('}') : 0;
+        const std::size_t end = rest_.find(kQuote, brace == std::string_view::npos ? 0 : brace);
         const std::string_view taken = rest_.substr(0, end);
         skipTo(end);
         return taken;
@@ -98,12 +99,17 @@ std::string withoutQuotes(std::string_view document)
     if (document.find(kQuote) == std::string_view::npos) return std::string(document);
     if (!isRtf(document)) return DocumentTemplate(document).toStored();
     std::string result;
+    bool escaped = false;
     for (const char c : document) {
-        if (c == kQuote) {
-            result += "\\'22";
-        } else {
+        if (c != kQuote) {
             result += c;
+        } else if (escaped) {
+            // An escape that means nothing.
+            result.pop_back();
+        } else {
+            result += "\\'22";
         }
+        escaped = c == '\\' && !escaped;
     }
     return result;
 }

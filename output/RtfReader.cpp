@@ -32,8 +32,9 @@ enum class Destination { text, fonts, colours, choice, nowhere };
 /// What holds until the end of a group.
 struct State {
     Destination destination = Destination::text;
-    CharFormat format;        ///< but for the font's name
-    std::optional<int> font;  ///< number; none: the default
+    Destination outside = Destination::text;  ///< of a choice
+    CharFormat format;                        ///< but for the font's name
+    std::optional<int> font;                  ///< number; none: the default
     ParagraphFormat paragraph;
     TabKind nextTab = TabKind::left;
     int fallback = 1;  ///< characters that stand behind a Unicode escape for other readers
@@ -76,6 +77,7 @@ private:
     void flush();
     void add(std::u32string_view text);
     void endParagraph();
+    void breakParagraph();
     CharFormat format() const;
 
     RichText text_;
@@ -222,14 +224,16 @@ bool Reader::takeDestination(std::string_view word, bool starred)
 {
     Destination& where = state_.destination;
     if (where == Destination::nowhere) return true;
-    if (where == Destination::choice) {
-        where = contains(kChosenGroups, word) ? Destination::text : Destination::nowhere;
+    if (contains(kChoosingGroups, word)) {
+        if (where != Destination::choice) state_.outside = where;
+        where = Destination::choice;
+    } else if (where == Destination::choice) {
+        where = contains(kChosenGroups, word) ? state_.outside : Destination::nowhere;
+        if (contains(kBoxTexts, word)) breakParagraph();
     } else if (word == "fonttbl") {
         where = Destination::fonts;
     } else if (word == "colortbl") {
         where = Destination::colours;
-    } else if (contains(kChoosingGroups, word)) {
-        where = Destination::choice;
     } else if (starred || contains(kSkippedGroups, word)) {
         where = Destination::nowhere;
     } else {
@@ -249,7 +253,12 @@ void Reader::takeWord(std::string_view word, std::optional<int> parameter)
         return;
     }
     flush();
-    if (std::exchange(atBegin_, false) && takeDestination(word, std::exchange(starred_, false))) return;
+    if (std::exchange(atBegin_, false)) {
+        if (takeDestination(word, std::exchange(starred_, false))) return;
+    } else if (outer_.size() > 1 && contains(kSkippedGroups, word)) {
+        // Writers that format a group before they say what it is; not the document itself.
+        state_.destination = Destination::nowhere;
+    }
     if (toSkip_ > 0 && lookUp(kCharacterWords, word)) {
         --toSkip_;
         return;
@@ -353,6 +362,13 @@ void Reader::endParagraph()
     if (end_) text_.endParagraph(*end_);
     text_.setParagraphFormat(state_.paragraph);
     end_ = format();
+}
+
+/// Ends a paragraph that has begun.
+void Reader::breakParagraph()
+{
+    const bool begun = !end_ && !text_.empty() && text_.text().back() != RichText::kParagraphEnd;
+    if (begun && state_.destination == Destination::text) endParagraph();
 }
 
 CharFormat Reader::format() const

@@ -116,8 +116,10 @@ inline constexpr std::string_view kSkippedGroups[] = {
 
 /// Groups of which one group within is text of the document: the frame of a text box, and a text once for
 /// readers that do not know Unicode and once for those that do.
-inline constexpr std::string_view kChoosingGroups[] = {"shpinst", "do", "upr"};
+inline constexpr std::string_view kChoosingGroups[] = {"shp", "shpgrp", "shpinst", "do", "upr"};
 inline constexpr std::string_view kChosenGroups[] = {"shptxt", "dptxbxtext", "ud"};
+/// Those of them that stand beside the text around them, not in it.
+inline constexpr std::string_view kBoxTexts[] = {"shptxt", "dptxbxtext"};
 
 /// Words that choose the document's code page.
 inline constexpr std::pair<std::string_view, int> kPageWords[] = {

@@ -13,6 +13,7 @@
 
 #include "output/RichTextDocument.h"
 #include "output/RtfReader.h"
+#include "output/RtfWriter.h"
 #include "tests/output/DocumentFixture.h"
 
 namespace quorvin {
@@ -51,6 +52,8 @@ TEST_F(DocumentEditTest, TheBarFormatsWhatIsSelected)
         QTest::keyClicks(&line, text(words));
         QTest::keyClick(&line, Qt::Key_Return);
     };
+    typeInto("fontSize", "2");
+    EXPECT_EQ(formatAt(0).fontPointSize(), 2);
     typeInto("fontSize", "24");
     const int steps = box().document()->availableUndoSteps();
     typeInto("fontSize", "17,5");
@@ -62,6 +65,21 @@ TEST_F(DocumentEditTest, TheBarFormatsWhatIsSelected)
     }
     EXPECT_EQ(control<QComboBox>("fontSize").currentText(), text("17.5"));
     EXPECT_EQ(control<QComboBox>("fontName").currentText(), text("DejaVu Sans"));
+    QLineEdit& size = *control<QComboBox>("fontSize").lineEdit();
+    const auto typeSize = [&](const char* words, Qt::Key key) {
+        size.setFocus();
+        size.selectAll();
+        QTest::keyClicks(&size, text(words));
+        QTest::keyClick(&size, key);
+    };
+    typeSize("40", Qt::Key_Escape);
+    EXPECT_EQ(formatAt(0).fontPointSize(), 17.5);
+    typeSize("30", Qt::Key_0);
+    QTest::keyClick(&size, Qt::Key_Backspace);
+    click("italic");
+    click("italic");
+    EXPECT_EQ(formatAt(0).fontPointSize(), 30);
+    typeSize("17,5", Qt::Key_Tab);
     // By keys one stays in the list, from the size that is.
     control("fontSize").setFocus();
     QTest::keyClick(&control("fontSize"), Qt::Key_Down);
@@ -158,12 +176,29 @@ TEST_F(DocumentEditTest, WhatIsCutComesBackAsItWas)
     box().selectAll();
     box().cut();
     box().paste();
-    EXPECT_EQ(box().content(), before);
+    EXPECT_EQ(writeRtf(box().content()), writeRtf(before));
     select(4, 9);
     box().cut();
     box().paste();
-    EXPECT_EQ(box().content(), before);
+    EXPECT_EQ(writeRtf(box().content()), writeRtf(before));
+    // To others it is RTF; whole paragraphs bring their formats, a word takes those of its line.
+    select(0, 4);
+    box().copy();
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasFormat(text("text/rtf")));
+    const auto last = int(shown().size());
+    select(last - 3, last - 3);
+    box().paste();
+    const RichText pasted = box().content();
+    EXPECT_EQ(pasted.text(), U"Uno\n\tdue\u2028\nUno\ntre");
+    EXPECT_EQ(pasted.paragraphs()[2].alignment, Alignment::centre);
+    EXPECT_EQ(pasted.paragraphs()[3], before.paragraphs()[2]);
+    select(0, 3);
+    box().copy();
+    select(5, 8);
+    box().paste();
+    EXPECT_EQ(box().content().paragraphs()[1], before.paragraphs()[1]);
     // A marker is a step of its own, and what is typed is not undone with it.
+    box().setContent(before);
     select(2, 2);
     write("xy");
     click("Text2(1)");

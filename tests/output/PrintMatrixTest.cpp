@@ -75,6 +75,11 @@ TEST_F(PrintMatrixTest, ADocumentOfAnotherProgramMayHoldQuotes)
     matrix_.fromText(" 1\r\n\r\n 0\r\n\"{\\rtf1 a{\\*\\fldinst \"x\"}\"b\"\r\n\\par}\"\r\n");
     EXPECT_EQ(matrix_.toText(),
               " 1\r\n\r\n 0\r\n\"{\\rtf1 a{\\*\\fldinst \\'22x\\'22}\\'22b\\'22\r\n\\par}\"\r\n");
+    // Cut short, escaped without need, or with something behind it.
+    matrix_.fromText("\r\n 0\r\n\"{\\rtf1 \"a\" b}\r\n");
+    EXPECT_EQ(matrix_.DocumentTemplate, "{\\rtf1 \"a\" b}\r\n");
+    matrix_.fromText("\r\n 0\r\n\"{\\rtf1 a\\\"b\\\\\"c}\"\r\n\"d\"\r\n");
+    EXPECT_EQ(matrix_.toText(), "\r\n 0\r\n\"{\\rtf1 ab\\\\\\'22c}\"\r\n");
     matrix_.fromText("\r\n 0\r\nT\"b\r\n");
     EXPECT_EQ(
         DocumentTemplate((matrix_.fromText(matrix_.toText()), matrix_.DocumentTemplate)).Textserb.text(),

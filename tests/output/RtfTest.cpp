@@ -78,6 +78,9 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
         {"{\\shp{\\*\\shpinst\\shpleft1{\\sp{\\sn x}{\\sv y}}{\\shptxt "
          "a\\par}}{\\shprslt{\\*\\do{\\dptxbxtext z}}}}b",
          "a\nb"},
+        {"\\qc a{\\shpgrp{\\*\\shpinst\\x{\\shp{\\*\\shpinst{\\shptxt\\pard b\\par}}}}}c\\par",
+         "[c 0 0 0]a\nb\n[c 0 0 0]c"},
+        {"{\\qc\\pict 01}a{\\field{\\b\\fldinst x}{\\fldrslt b}}{\\super\\footnote c}", "ab"},
         {"{\\*\\do\\dobx{\\dptxbxtext a}}{\\upr{b?}{\\*\\ud{\\u321?b}}}{\\deleted c}d\\deleted e\\deleted0 f",
          "aŁbdf"},
         // Damaged.
@@ -96,7 +99,8 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl\\f0 Arial;\\f1\\fcharset238 \\'a3;\\f2 ;}a\\f1 b\\f2 c")),
               "<Arial>a<Ł>b<>c");
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 A\\u321?\\'e0\\u-10179?\\u-8704?;}}a")), "<AŁà😀>a");
-    EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 Arial}{\\f1 B;}}a")), "<Arial>a");
+    EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 Arial}{\\upr{\\f1 ??;}{\\*\\ud{\\f1 B;}}}}a\\f1 b")),
+              "<Arial>a<B>b");
     EXPECT_EQ(shown(readRtf("no RTF\\")), "no RTF");
 }
 
