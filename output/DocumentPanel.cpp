@@ -41,12 +41,17 @@ DocumentPanel::DocumentPanel(const DocumentParts& parts, QWidget* form) :
     parts_.menu.onClicks<DocumentPanel>(*this, {{kImpostadoc, &DocumentPanel::impostadoc_Click},
                                                 {kDocumento, &DocumentPanel::documento_Click}});
     connect(&frame_->Textcomunic(), &DocumentEdit::tooLong, this,
-            [this] { emit hint(QStringLiteral("non incollato: il documento diventerebbe troppo lungo")); });
+            [this] { emit hint(QStringLiteral("non inserito: il documento diventerebbe troppo lungo")); });
 }
 
 void DocumentPanel::load()
 {
-    template_ = DocumentTemplate(parts_.matrix.matrix().DocumentTemplate);
+    template_ = {};
+    try {
+        template_ = DocumentTemplate(parts_.matrix.matrix().DocumentTemplate);
+    } catch (const std::exception&) {
+        emit hint(QStringLiteral("documento non letto: ") + fromUtf8Text(currentError().description()));
+    }
     showTemplate();
     followModes();
 }

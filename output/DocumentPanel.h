@@ -46,7 +46,8 @@ public:
     /// DocumentTemplate raises, the document filled as far as it goes.
     void elabcom();
 
-    /// Takes over the template kept beside the file just opened, or none.
+    /// Takes over the template kept beside the file just opened, or none; one that cannot be read does no
+    /// harm.
     void load();
     /// To be called before the file goes: ends the editing, and asks about a template that is not on the disk
     /// yet. False when it was to be saved and could not be.
