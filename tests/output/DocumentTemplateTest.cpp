@@ -106,52 +106,6 @@ TEST(DocumentTemplate, FormatsSurviveTheFilling)
     }
 }
 
-/// Text with one format for each character and each paragraph, as plain as can be.
-struct SlowText {
-    std::string text;
-    std::vector<bool> bold;
-    std::vector<int> indents;
-
-    RichText rich() const
-    {
-        RichText result;
-        std::size_t paragraph = 0;
-        const auto formatParagraph = [&] {
-            ParagraphFormat format;
-            format.leftIndent = indents.at(paragraph++);
-            result.setParagraphFormat(format);
-        };
-        formatParagraph();
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            CharFormat format;
-            format.bold = bold[i];
-            if (text[i] != '\n') {
-                result.append(toUnicode(text.substr(i, 1)), format);
-                continue;
-            }
-            result.endParagraph(format);
-            formatParagraph();
-        }
-        return result;
-    }
-
-    void replace(std::size_t position, std::size_t length, const std::string& with)
-    {
-        const auto lines = [this](std::size_t from, std::size_t to) {
-            return std::count(text.begin() + static_cast<std::ptrdiff_t>(from),
-                              text.begin() + static_cast<std::ptrdiff_t>(to), '\n');
-        };
-        const std::size_t end = std::min(position + length, text.size());
-        const auto next = indents.begin() + lines(0, position) + 1;
-        indents.erase(next, next + lines(position, end));
-        const bool format = bold[position];
-        const auto at = bold.erase(bold.begin() + static_cast<std::ptrdiff_t>(position),
-                                   bold.begin() + static_cast<std::ptrdiff_t>(end));
-        bold.insert(at, with.size(), format);
-        text.replace(position, end - position, with);
-    }
-};
-
 /// The number that the characters begin with.
 double slowNumber(const std::string& text)
 {
@@ -165,14 +119,14 @@ double slowNumber(const std::string& text)
 }
 
 /// Fills step by step and returns the error's number.
-int fillSlowly(SlowText& document, const Fields& fields)
+int fillSlowly(std::string& text, const Fields& fields)
 {
     for (std::size_t from = 0;;) {
-        const std::size_t p = document.text.find("*(", from);
-        const std::size_t q = document.text.find(")*", from);
+        const std::size_t p = text.find("*(", from);
+        const std::size_t q = text.find(")*", from);
         if (p == std::string::npos && q == std::string::npos) return 0;
         if (p == std::string::npos || q == std::string::npos || q < p) return 5;
-        const double n = slowNumber(document.text.substr(p + 2, q - p - 2));
+        const double n = slowNumber(text.substr(p + 2, q - p - 2));
         if (n < 0 || n != std::floor(n) || (n > 0 && (n > 1000 || fields.count(static_cast<int>(n)) == 0)))
             return 9;
         std::string v = n == 0 ? "" : fields.at(static_cast<int>(n));
@@ -181,7 +135,7 @@ int fillSlowly(SlowText& document, const Fields& fields)
         while (v.starts_with(' '))
             v.erase(0, 1);
         const double length = static_cast<double>(v.size());
-        document.replace(p, static_cast<std::size_t>(4 + (n < length ? length - n : n)), v);
+        text.replace(p, static_cast<std::size_t>(4 + (n < length ? length - n : n)), v);
         from = p + v.size();
     }
 }
@@ -198,22 +152,11 @@ public:
         return text;
     }
 
-    SlowText text()
+    std::string text()
     {
-        SlowText result;
-        result.text = some({"*(", ")*", "*", "(", ")", "*(1)*", "*(3)*   ", "*(14)*", "*(2.5)*", "0",
-                            "1",  "2",  "3", "9", " ", "a",     "\n",       "xyz",    ".",       "-"},
-                           below(16));
-        for (std::size_t i = 0; i < result.text.size(); ++i) {
-            const bool ends = result.text[i] == '\n' && i > 0 && result.text[i - 1] != '\n';
-            // The end of a paragraph is formatted like its last character.
-            result.bold.push_back(ends ? result.bold[i - 1] : below(3) == 0);
-        }
-        result.indents = {1};
-        for (const char c : result.text) {
-            if (c == '\n') result.indents.push_back(static_cast<int>(below(4)));
-        }
-        return result;
+        return some({"*(", ")*", "*", "(", ")", "*(1)*", "*(3)*   ", "*(14)*", "*(2.5)*", "0",
+                     "1",  "2",  "3", "9", " ", "a",     "\n",       "xyz",    ".",       "-"},
+                    below(16));
     }
 
 private:
@@ -228,14 +171,13 @@ TEST(DocumentTemplate, AgreesWithTheSlowFilling)
         Fields fields;
         for (int n = 1; n <= 13; ++n)
             fields[n] = chance.some({" ", "x", "*(", ")*", "3", "abc"}, chance.below(6));
-        SlowText slow = chance.text();
-        DocumentTemplate document;
-        document.Textserb = slow.rich();
-        const std::string before = slow.text;
+        std::string slow = chance.text();
+        const std::string before = slow;
+        const DocumentTemplate document(before);
         RichText filled;
         const int error = errorOf([&] { document.elabcom(textsOf(fields), filled); });
         ASSERT_EQ(error, fillSlowly(slow, fields)) << before;
-        ASSERT_EQ(filled, slow.rich()) << before;
+        ASSERT_EQ(filled, RichText::plain(slow)) << before;
         ++errors[error];
     }
     for (const int error : {0, 5, 9})
