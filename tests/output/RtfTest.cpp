@@ -104,11 +104,17 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
     EXPECT_EQ(shown(readRtf("no RTF\\")), "no RTF");
 }
 
-TEST(Rtf, ALetterOfAWordProcessorIsWhole)
+/// What the reader makes of a file written by a word processor.
+std::string shownFile(const char* name)
 {
-    const std::string rtf = test::bytesOf(std::filesystem::path(TEST_DATA) / "lettera.rtf");
-    ASSERT_TRUE(isRtf(rtf));
-    EXPECT_EQ(shown(readRtf(rtf)),
+    const std::string rtf = test::bytesOf(std::filesystem::path(TEST_DATA) / name);
+    EXPECT_TRUE(isRtf(rtf)) << name;
+    return shown(readRtf(rtf));
+}
+
+TEST(Rtf, LettersOfAWordProcessorAreWhole)
+{
+    EXPECT_EQ(shownFile("lettera.rtf"),
               "[c 0 0 0]<Arial 36 b>Comunicazione al paziente\n"
               "[r 0 0 0]<>Roma, *(2)*          \n"
               "\n"
@@ -120,6 +126,17 @@ TEST(Rtf, ALetterOfAWordProcessorIsWhole)
               "[l 720 0 -360] •\tsecondo\n"
               "cella\taltra\t\n"
               "Cordiali saluti’");
+    // With the font that its words have by default left out.
+    std::string form = shownFile("modulo.rtf");
+    const std::string usual = "Liberation Serif";
+    for (std::size_t at = form.find(usual); at != std::string::npos; at = form.find(usual, at))
+        form.erase(at, usual.size() + (form[at + usual.size()] == ' ' ? 1 : 0));
+    EXPECT_EQ(form, "[c 0 0 0]<Liberation Sans 32 b>Modulo di consenso\n"
+                    "<>Il sottoscritto <i>*(1)* <>nato il <u>*(4)* <>a <c0000ff>Forlì<>:\n"
+                    "[l 709 0 -283 l709] 1.\tè informato;\n"
+                    "[l 709 0 -283 l709] 2.\taccetta <s>tutto<> <b>le cure<>.\n"
+                    "peso\taltezza\t\n70 kg\t1,75 m\t\n"
+                    "[l 1134 0 -567]Firma:\u2028“data e luogo” – 5 €");
 }
 
 /// Formatted texts by chance.
