@@ -145,6 +145,9 @@ TEST_F(DocumentEditTest, WhatIsPastedIsBroughtDownToWhatATemplateKeeps)
     paste("text/html", "<p style='font-size:16px; background:transparent'>a");
     EXPECT_EQ(box().content().runs()[0].format.halfPoints, 24);
     EXPECT_FALSE(box().content().runs()[0].format.background);
+    paste("text/html", "<p style='text-indent:-99999999px; font-size:99999pt'>a<p>b");
+    EXPECT_EQ(box().content().paragraphs()[0].firstIndent, -kMostTwips);
+    EXPECT_EQ(box().content().runs()[0].format.halfPoints, kMostHalfPoints);
 }
 
 TEST_F(DocumentEditTest, NoMoreGoesInThanIsKept)
