@@ -118,7 +118,8 @@ ParagraphFormat fromQt(const QTextBlock& block)
     result.firstIndent = toTwips(format.textIndent());
     for (const QTextOption::Tab& tab : format.tabPositions()) {
         TabStop stop{toTwips(tab.position) + firstLine(result)};
-        if (stop.position == result.leftIndent && result.firstIndent < 0) continue;
+        const bool isHanging = stop.position == result.leftIndent && result.firstIndent < 0;
+        if (isHanging && tab.type == QTextOption::LeftTab) continue;
         for (const auto& [kind, type] : kTabKinds) {
             if (tab.type == type) stop.kind = kind;
         }
@@ -165,6 +166,9 @@ QTextBlockFormat toQt(const ParagraphFormat& format)
         tabs.append({toPixels(stop.position - left), kTabKinds[static_cast<std::size_t>(stop.kind)].second,
                      QLatin1Char(',')});
     }
+    // The first one that lies ahead counts, in the order of the list.
+    std::stable_sort(tabs.begin(), tabs.end(),
+                     [](const auto& a, const auto& b) { return a.position < b.position; });
     result.setTabPositions(tabs);
     return result;
 }

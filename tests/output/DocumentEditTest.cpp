@@ -225,8 +225,8 @@ TEST_F(DocumentEditTest, TheLetterFontStaysWhateverHappensToTheWindow)
 
 TEST_F(DocumentEditTest, TabsStandWhereTheyStandOnPaper)
 {
-    // Half an inch in and a quarter out: the stop of the other lines, then one of the paragraph's own.
-    openWith("{\\rtf1\\li720\\fi-360\\tx2160 \\bullet\\tab a\\tab b\\par\\pard\\tab c\\par}");
+    // Half an inch in and a quarter out: the other lines' beginning is a stop between the paragraph's own.
+    openWith("{\\rtf1\\li720\\fi-360\\tx576\\tx2160 .\\tab a\\tab b\\tab c\\par\\pard\\tab d\\par}");
     choose("impostadoc");
     const double inch = box().logicalDpiX();
     const auto inchesAt = [&](int position) {
@@ -234,7 +234,7 @@ TEST_F(DocumentEditTest, TabsStandWhereTheyStandOnPaper)
         cursor.setPosition(position);
         return (box().cursorRect(cursor).x() - box().document()->documentMargin()) / inch;
     };
-    const std::pair<int, double> places[] = {{0, 0.25}, {2, 0.5}, {4, 1.5}, {7, 0.5}};
+    const std::pair<int, double> places[] = {{0, 0.25}, {2, 0.4}, {4, 0.5}, {6, 1.5}, {9, 0.5}};
     for (const auto& [position, inches] : places)
         EXPECT_NEAR(inchesAt(position), inches, 0.03) << position;
 }
