@@ -7,11 +7,17 @@
 #include <algorithm>
 #include <iterator>
 #include <new>
+#include <string>
 #include <utility>
+
+#include "search/HitList.h"
+#include "view/AnsiText.h"
 
 namespace quorvin {
 
-HitListView::HitListView(const QString& name, const QString& purpose, QWidget* parent) : QListView(parent)
+HitListView::HitListView(const HitList& hits, const QString& name, const QString& purpose, QWidget* parent) :
+    QListView(parent),
+    hits_(hits)
 {
     setObjectName(name);
     setAccessibleName(purpose);
@@ -88,12 +94,13 @@ void HitListView::copySelection()
     QItemSelection ranges = selectionModel()->selection();
     std::sort(ranges.begin(), ranges.end(), [](const auto& a, const auto& b) { return a.top() < b.top(); });
     try {
-        QString text;
+        // All lines at once: asked for singly, millions of them take seconds.
+        std::string lines;
         for (const QItemSelectionRange& range : ranges) {
             for (int row = range.top(); row <= range.bottom(); ++row)
-                text += model()->index(row, 0).data().toString() + QLatin1Char('\n');
+                lines.append(hits_.line(static_cast<std::size_t>(row))).push_back('\n');
         }
-        if (!text.isEmpty()) QApplication::clipboard()->setText(text);
+        if (!lines.empty()) QApplication::clipboard()->setText(fromAnsi(lines));
     } catch (const std::bad_alloc&) {
         // More lines than memory holds twice; nothing is copied rather than a part.
     }

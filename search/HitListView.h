@@ -5,6 +5,8 @@
 
 namespace quorvin {
 
+class HitList;
+
 /// A line counts as clicked once, whether by the mouse or
 /// by the keys that move through the lines; Enter clicks the current line again. A right press leaves the
 /// selection alone. Ctrl+C copies the selected lines.
@@ -12,7 +14,8 @@ class HitListView : public QListView {
     Q_OBJECT
 
 public:
-    HitListView(const QString& name, const QString& purpose, QWidget* parent);
+    /// `hits`, which must outlive the view, has the lines that its model shows.
+    HitListView(const HitList& hits, const QString& name, const QString& purpose, QWidget* parent);
 
     /// Goes to the next line that begins with what was typed, unless there are so many that looking through
     /// them would take a while.
@@ -33,6 +36,7 @@ protected:
 private:
     void copySelection();
 
+    const HitList& hits_;
     bool pressed_ = false;  ///< the left button went down here
 };
 

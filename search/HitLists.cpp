@@ -34,8 +34,8 @@ RecordNumber wholeNumber(double number)
 
 HitLists::HitLists(const HitList& hits, Navigator& navigator, RecordView& recordView, QWidget* form) :
     QObject(form),
-    List1(new HitListView(QStringLiteral("List1"), QStringLiteral("elenco file cercati"), form)),
-    List2(new HitListView(QStringLiteral("List2"), QStringLiteral("elenco campi trovati"), form)),
+    List1(new HitListView(hits, QStringLiteral("List1"), QStringLiteral("elenco file cercati"), form)),
+    List2(new HitListView(hits, QStringLiteral("List2"), QStringLiteral("elenco campi trovati"), form)),
     hits_(hits),
     navigator_(navigator),
     recordView_(recordView),

@@ -8,10 +8,11 @@ namespace quorvin {
 
 QString fromAnsi(std::string_view ansi)
 {
-    QString text;
-    text.reserve(static_cast<qsizetype>(ansi.size()));
-    for (const char c : ansi)
-        text.append(QChar(static_cast<char16_t>(toUnicode(c))));
+    // The code pages differ in 32 codes only; Qt's conversion is many times as quick as one by characters.
+    QString text = QString::fromLatin1(ansi.data(), static_cast<qsizetype>(ansi.size()));
+    for (QChar& c : text)
+        if ((c.unicode() & 0xE0U) == 0x80U)
+            c = QChar(static_cast<char16_t>(toUnicode(static_cast<char>(c.unicode()))));
     return text;
 }
 
