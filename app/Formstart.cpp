@@ -190,6 +190,11 @@ void Formstart::connectOutput()
     connect(matrixPanel_, &MatrixPanel::choosingChanged, preferences_, &PreferencesPanel::Check1_Click);
     connect(matrixPanel_, &MatrixPanel::saveFailed, this,
             [this](const RuntimeError& error) { showError(messages::kFileError, error); });
+    // The interval's boxes are typed in at once; a search is typed into the fields above.
+    connect(outputPanel_, &OutputPanel::placesChanged, this, [this] {
+        PrintFrame& frame = outputPanel_->printFrame();
+        if (!frame.Frame8().isHidden()) places_->bringIntoSight(frame);
+    });
 }
 
 void Formstart::connectDocument()
