@@ -28,6 +28,19 @@ QByteArray rtfOf(const QMimeData& source)
     return {};
 }
 
+/// A word that goes over many lines takes a time that grows with the square of its length, seconds for the
+/// longest, unless it may end wherever a line is full.
+QTextOption::WrapMode wrapModeFor(std::u32string_view text)
+{
+    constexpr int kLongestWord = 4000;
+    int length = 0;
+    for (const char32_t c : text) {
+        length = QChar::isSpace(c) ? 0 : length + 1;
+        if (length > kLongestWord) return QTextOption::WrapAnywhere;
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
+
 /// What is to be pasted, as far as RichText holds it.
 RichText richTextOf(const QMimeData& source, const QFont& usual)
 {
@@ -56,6 +69,7 @@ RichText DocumentEdit::content() const
 
 void DocumentEdit::setContent(const RichText& text)
 {
+    setWordWrapMode(wrapModeFor(text.text()));
     setRichText(*document(), text);
     moveCursor(QTextCursor::Start);
 }
@@ -117,6 +131,8 @@ void DocumentEdit::insertFromMimeData(const QMimeData* source)
     const auto added = formatted ? static_cast<qsizetype>(text.text().size()) : source->text().size();
     // A text that was cut because it is too long is too long.
     if (!hasRoomFor(text.isFull() ? added + 1 : added)) return;
+    if (wordWrapMode() != QTextOption::WrapAnywhere)
+        setWordWrapMode(wrapModeFor(formatted ? text.text() : source->text().toStdU32String()));
     if (formatted) {
         insert(text);
     } else {

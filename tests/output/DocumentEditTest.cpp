@@ -158,6 +158,9 @@ TEST_F(DocumentEditTest, NoMoreGoesInThanIsKept)
         paste(type, (type == std::string("text/rtf") ? "{\\rtf1 " : "") + many + "a ");
         EXPECT_EQ(shown(), QString()) << type;
     }
+    paste("text/plain", QByteArray(5000, 'a'));
+    EXPECT_EQ(box().wordWrapMode(), QTextOption::WrapAnywhere) << "a word of pages would take seconds";
+    box().clear();
     paste("text/plain", many);
     write("b");
     click("Text2(1)");
