@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -88,6 +89,7 @@ void Navigator::makeNumberControls()
     Text1->setAcceptDrops(false);
     Text1->setMaxLength(20);
     Text1->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
+    Text1->installEventFilter(this);
     connect(Text1, &QLineEdit::textChanged, this, &Navigator::Text1_Change);
     connect(Text1, &QLineEdit::returnPressed, this, &Navigator::Text1_KeyPress);
 
@@ -311,6 +313,11 @@ void Navigator::caricarekord()
 
 bool Navigator::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == Text1 && event->type() == QEvent::KeyPress) {
+        // Held down, Enter starts EpiData once.
+        const auto* key = static_cast<QKeyEvent*>(event);
+        return key->isAutoRepeat() && key->matches(QKeySequence::InsertParagraphSeparator);
+    }
     const bool rightPress = event->type() == QEvent::MouseButtonPress &&
                             static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
     if (watched == Label14 && rightPress && recFile_.hasName()) emit epiDataRequested();

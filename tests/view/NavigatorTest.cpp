@@ -189,6 +189,11 @@ TEST_F(NavigatorTest, AMissingEpiDataIsSaid)
     EXPECT_TRUE(dialogs_.messages.isEmpty()) << "Enter without a number starts nothing";
     choose("EpiData");
     EXPECT_EQ(dialogs_.messages, QStringList(QStringLiteral("!Errore file !! Impossibile trovare il file")));
+
+    type("Text1", QStringLiteral("1"));
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QApplication::sendEvent(&control("Text1"), &held);
+    EXPECT_EQ(dialogs_.messages.size(), 1) << "Enter held down starts nothing again";
 }
 
 }  // namespace
