@@ -11,6 +11,9 @@ endfunction()
 set(rec ${SAMPLES}/pazienti.rec)
 file(WRITE ${WORK}/nodata.rec "1 1\r\n_A            1   1  30   5   1   1   3 112 a\r\n")
 
+# What an earlier run has left.
+file(REMOVE_RECURSE ${WORK}/escape.mtr ${WORK}/search.mtr)
+
 expect(0 "rekord +500\n" info ${rec})
 expect(0 "\"bytePerRekord\": 157" info ${rec} --json)
 expect(0 "COMUNE      San Donà di Piave\n" mostra ${rec} 3)
