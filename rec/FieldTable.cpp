@@ -29,6 +29,11 @@ char at(std::string_view line, std::int64_t column)
                                                             : ' ';
 }
 
+bool isOfNumber(char c)
+{
+    return c == ' ' || isDigit(c);
+}
+
 enum class Placement { inColumns, oneColumnLeft, undecided };
 
 /// Where a definition line's numbers end: in their columns, or all of them one column before. A line whose
@@ -40,9 +45,12 @@ Placement placementOf(std::string_view line)
     for (const ItemColumns& item : kNumberColumns) {
         const std::int64_t last = item.first + item.width - 1;
         const char before = at(line, last - 1);
-        if (at(line, last) != ' ' || (before != ' ' && !isDigit(before))) return Placement::inColumns;
+        const char separator = at(line, item.first - 1);
+        // One column to the left both would belong to the number.
+        if (at(line, last) != ' ' || !isOfNumber(before) || !isOfNumber(separator))
+            return Placement::inColumns;
         allThere = allThere && before != ' ';
-        separatorUsed = separatorUsed || at(line, item.first - 1) != ' ';
+        separatorUsed = separatorUsed || separator != ' ';
     }
     return allThere && separatorUsed ? Placement::oneColumnLeft : Placement::undecided;
 }

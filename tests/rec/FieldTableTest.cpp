@@ -94,6 +94,11 @@ TEST(FieldTable, DefinitionsOneColumnToTheLeft)
     mixed.addFields({narrow, test::definitionLine({.question = "nota"})});
     EXPECT_EQ(mixed.questionText[1], "ITOLO") << "one line in its columns, and all are read by columns";
     EXPECT_EQ(mixed.questionText[2], "nota");
+
+    FieldTable marked;
+    marked.addFields({"_MARKED      10 x10 x10 x10 x10 x10 x12 x10 xnota"});
+    EXPECT_EQ(marked.length(1), 12) << "what parts the items is no digit of theirs";
+    EXPECT_EQ(marked.questionText[1], "nota");
 }
 
 TEST(FieldTable, ValuesAreCutFromTheRecord)
