@@ -104,8 +104,11 @@ int main(int argc, char** argv)
     boxes.setWindow(&form);
     form.resize(unattended ? kPictureSize : firstSize());
     form.show();
-    if (!parser.positionalArguments().isEmpty()) form.openFile(parser.positionalArguments().constFirst());
-    if (parser.isSet(record)) form.goToRecord(parser.value(record));
+    // With the window in its place, where a box about the file belongs too.
+    QTimer::singleShot(0, &form, [&form, &parser, &record] {
+        if (!parser.positionalArguments().isEmpty()) form.openFile(parser.positionalArguments().constFirst());
+        if (parser.isSet(record)) form.goToRecord(parser.value(record));
+    });
     endWhenAsked(&form);
     if (unattended) pictureAndQuit(form, terminal, parser.value(picture));
     return QApplication::exec();
