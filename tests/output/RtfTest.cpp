@@ -6,10 +6,12 @@
 #include "output/RtfWriter.h"
 #include "tests/support/ShownText.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/WholeText.h"
 
 namespace quorvin {
 namespace {
 
+using test::isWhole;
 using test::shown;
 
 /// Fonts 1 to 5 and colours 1 and 2.
@@ -223,20 +225,6 @@ TEST(Rtf, OtherReadersFindWhatTheyKnow)
         "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Times New Roman;}}{\\colortbl "
         ";\\red255\\green0\\blue16;}\\pard \\plain\\f0\\fs28 a\\tab \\'e0\\'22\\u-255?\\u-10179?\\u-8704?"
         "\\par \\pard\\qj\\fi-9\\tqdec\\tx7 \\plain\\f0\\fs28\\b\\cf1 \\{\\par}");
-}
-
-/// Whether the parts of a text fit each other.
-bool isWhole(const RichText& text)
-{
-    std::size_t length = 0;
-    const CharFormat* last = nullptr;
-    for (const RichText::Run& run : text.runs()) {
-        if (run.length == 0 || (last && *last == run.format)) return false;
-        length += run.length;
-        last = &run.format;
-    }
-    const auto ends = std::count(text.text().begin(), text.text().end(), RichText::kParagraphEnd);
-    return length == text.text().size() && text.paragraphs().size() == static_cast<std::size_t>(ends) + 1;
 }
 
 TEST(Rtf, DamagedBytesYieldWhatCanBeMadeOut)

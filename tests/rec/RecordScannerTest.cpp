@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "tests/rec/SameReading.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/RecBuilder.h"
 #include "tests/support/TempFolder.h"
@@ -20,38 +21,9 @@ protected:
         file.measure();
     }
 
-    /// Values and mark of a record, or the error instead. `reader`: the file or its scanner; `read` has it
-    /// read the record.
-    template<class Reader>
-    static std::vector<std::string> reading(Reader& reader, int fields, const std::function<void()>& read)
-    {
-        if (const int error = test::errorOf(read)) return {"error " + std::to_string(error)};
-        std::vector<std::string> all{std::string(1, reader.lastMark())};
-        for (int n = 1; n <= fields; ++n)
-            all.emplace_back(reader.fieldValue(n));
-        return all;
-    }
-
     void expectSameReading(const std::string& bytes, const std::string& what)
     {
-        for (const bool capitals : {false, true}) {
-            RecFile file, single;
-            open(file, bytes);
-            open(single, bytes);
-            file.impostMaiusc = single.impostMaiusc = capitals;
-            RecordScanner scanner(file);
-            scanner.start(1, file.recordCount());
-            for (RecordNumber n = 1; n <= file.recordCount(); ++n) {
-                const auto expected = reading(single, file.fieldCount(), [&] {
-                    single.seek(n);
-                    single.caricastring();
-                });
-                ASSERT_EQ(reading(scanner, file.fieldCount(), [&] { scanner.next(); }), expected)
-                    << what << ", record " << n;
-                if (expected.size() == 1) scanner.start(n + 1, file.recordCount());
-            }
-            EXPECT_FALSE(scanner.next()) << what;
-        }
+        EXPECT_EQ(test::differentReading(folder_.write("prova.rec", bytes)), "") << what;
     }
 
     test::TempFolder folder_;

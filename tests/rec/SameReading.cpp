@@ -1,0 +1,58 @@
+#include "tests/rec/SameReading.h"
+
+#include <functional>
+#include <vector>
+
+#include "rec/RecordScanner.h"
+#include "tests/support/ErrorNumber.h"
+
+namespace quorvin::test {
+
+namespace {
+
+/// Values and mark of a record, or the error instead. `reader`: the file or its scanner; `read` has it read
+/// the record.
+template<class Reader>
+std::vector<std::string> reading(Reader& reader, int fields, const std::function<void()>& read)
+{
+    if (const int error = errorOf(read)) return {"error " + std::to_string(error)};
+    std::vector<std::string> all{std::string(1, reader.lastMark())};
+    for (int n = 1; n <= fields; ++n)
+        all.emplace_back(reader.fieldValue(n));
+    return all;
+}
+
+void open(RecFile& file, const std::filesystem::path& name, bool capitals)
+{
+    file.open(name);
+    file.readDefinitions();
+    file.measure();
+    file.impostMaiusc = capitals;
+}
+
+}  // namespace
+
+std::string differentReading(const std::filesystem::path& name, RecordNumber step)
+{
+    for (const bool capitals : {false, true}) {
+        RecFile file, single;
+        open(file, name, capitals);
+        open(single, name, capitals);
+        RecordScanner scanner(file);
+        scanner.start(1, file.recordCount());
+        for (RecordNumber n = 1; n <= file.recordCount(); ++n) {
+            const auto passed = reading(scanner, file.fieldCount(), [&] { scanner.next(); });
+            if (passed.size() == 1) scanner.start(n + 1, file.recordCount());
+            if (n % step != 0) continue;
+            const auto expected = reading(single, file.fieldCount(), [&] {
+                single.seek(n);
+                single.caricastring();
+            });
+            if (passed != expected) return "record " + std::to_string(n) + (capitals ? " in capitals" : "");
+        }
+        if (scanner.next()) return "a record behind the last";
+    }
+    return {};
+}
+
+}  // namespace quorvin::test
