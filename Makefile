@@ -3,7 +3,7 @@ BUILD := build
 SAMPLE := samples/pazienti.rec
 OUR_SOURCES = $(shell find $(filter-out $(BUILD)/,$(wildcard */)) -name '*.h' -o -name '*.cpp')
 
-.PHONY: setup build run test sanitize bench format lint check-format clean
+.PHONY: setup build run test sanitize fuzz bench format lint check-format clean
 
 setup:
 	@sh packaging/install-packages.sh
@@ -33,6 +33,14 @@ sanitize: setup
 	cmake --preset sanitize -Wno-dev
 	cmake --build --preset sanitize
 	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD)/sanitize --output-on-failure -j 2
+
+# SECONDS for each target.
+SECONDS = 60
+fuzz: setup
+	@sh packaging/install-packages.sh packaging/fuzz-packages.txt
+	cmake --preset fuzz -Wno-dev
+	cmake --build --preset fuzz
+	nice -n 10 sh fuzz/run.sh $(BUILD)/fuzz $(SECONDS)
 
 bench: setup
 	cmake --preset bench -Wno-dev

@@ -1,9 +1,9 @@
 #!/bin/sh
-# Installs those Debian packages of debian-packages.txt that this machine lacks.
+# Installs those Debian packages that this machine lacks: of debian-packages.txt, or of the list that is named.
 # As root or through sudo; where neither is possible it says what is missing and fails.
 set -eu
 
-list=$(dirname "$0")/debian-packages.txt
+list=${1:-$(dirname "$0")/debian-packages.txt}
 wanted=$(grep -v '^#' "$list")
 
 if ! command -v dpkg-query >/dev/null 2>&1; then
