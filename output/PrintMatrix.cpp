@@ -93,19 +93,21 @@ int wholePart(double number)
     return static_cast<int>(std::clamp(std::trunc(number), -kMost, kMost));
 }
 
-/// The same document without double quotes: in RTF their escape stands for them.
+/// The same document without double quotes: in RTF their escape stands for them. Data that is no text has
+/// no escapes, and none of it is kept.
 std::string withoutQuotes(std::string_view document)
 {
     if (document.find(kQuote) == std::string_view::npos) return std::string(document);
-    if (!isRtf(document)) return DocumentTemplate(document).toStored();
+    if (!isRtf(document) || document.find("\\bin") != std::string_view::npos)
+        return DocumentTemplate(document).toStored();
     std::string result;
     bool escaped = false;
     for (const char c : document) {
         if (c != kQuote) {
             result += c;
         } else if (escaped) {
-            // An escape that means nothing.
-            result.pop_back();
+            // An escape that means nothing but ends the word before it, as any other such does.
+            result += '.';
         } else {
             result += "\\'22";
         }

@@ -79,7 +79,7 @@ TEST_F(PrintMatrixTest, ADocumentOfAnotherProgramMayHoldQuotes)
     matrix_.fromText("\r\n 0\r\n\"{\\rtf1 \"a\" b}\r\n");
     EXPECT_EQ(matrix_.DocumentTemplate, "{\\rtf1 \"a\" b}\r\n");
     matrix_.fromText("\r\n 0\r\n\"{\\rtf1 a\\\"b\\\\\"c}\"\r\n\"d\"\r\n");
-    EXPECT_EQ(matrix_.toText(), "\r\n 0\r\n\"{\\rtf1 ab\\\\\\'22c}\"\r\n");
+    EXPECT_EQ(matrix_.toText(), "\r\n 0\r\n\"{\\rtf1 a\\.b\\\\\\'22c}\"\r\n");
     matrix_.fromText("\r\n 0\r\nT\"b\r\n");
     EXPECT_EQ(
         DocumentTemplate((matrix_.fromText(matrix_.toText()), matrix_.DocumentTemplate)).Textserb.text(),
