@@ -13,6 +13,12 @@ namespace {
 constexpr std::size_t kMostEntries = 4096;
 constexpr std::size_t kMostNameCharacters = 64;
 
+/// Whether a character can stand in a font's name; the semicolon would end it.
+bool isOfName(char32_t c)
+{
+    return c >= U' ' && c != U';' && c != RichText::kLineBreak;
+}
+
 }  // namespace
 
 const RtfTables::Font& RtfTables::font(std::optional<int> number) const
@@ -66,6 +72,8 @@ void RtfTables::fontCharacter(char32_t character)
 void RtfTables::endFontName()
 {
     decodeName();
+    std::replace_if(
+        name_.begin(), name_.end(), [](char32_t c) { return !isOfName(c); }, U' ');
     const auto found = fonts_.find(current_);
     if (found != fonts_.end() && !name_.empty()) found->second.name = name_;
     name_.clear();

@@ -100,6 +100,7 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
         EXPECT_EQ(shown(read(c.rtf)), c.text) << c.rtf;
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl\\f0 Arial;\\f1\\fcharset238 \\'a3;\\f2 ;}a\\f1 b\\f2 c")),
               "<Arial>a<Ł>b<>c");
+    EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 A\tb\\u59?\\u8232?c;}}a")), "<A b  c>a");
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 A\\u321?\\'e0\\u-10179?\\u-8704?;}}a")), "<AŁà😀>a");
     EXPECT_EQ(shown(readRtf("{\\rtf1{\\fonttbl{\\f0 Arial}{\\upr{\\f1 ??;}{\\*\\ud{\\f1 B;}}}}a\\f1 b")),
               "<Arial>a<B>b");
