@@ -11,6 +11,7 @@
 #include <iconv.h>
 
 #include <cerrno>
+#include <map>
 #endif
 
 #include "base/Ansi.h"
@@ -84,11 +85,24 @@ void appendLittleEndian(std::u32string& text, std::string_view bytes)
     }
 }
 
+/// The conversion of a page, which stays open, for opening one may take as long as converting pages of text;
+/// none for a page that the system does not know.
+std::optional<iconv_t> converterOf(int codePage)
+{
+    thread_local std::map<int, Converter> converters;
+    const auto entry = converters.try_emplace(codePage, converterName(codePage)).first;
+    if (entry->second.isKnown()) return entry->second.handle();
+    converters.erase(entry);
+    return std::nullopt;
+}
+
 /// The system's conversion; none for a page that it does not know.
 std::optional<std::u32string> convert(std::string_view bytes, int codePage)
 {
-    const Converter converter(converterName(codePage));
-    if (!converter.isKnown()) return std::nullopt;
+    const std::optional<iconv_t> converter = converterOf(codePage);
+    if (!converter) return std::nullopt;
+    // Nothing is left of a text before.
+    iconv(*converter, nullptr, nullptr, nullptr, nullptr);
     std::u32string text;
     std::string source(bytes);
     char* in = source.data();
@@ -97,7 +111,7 @@ std::optional<std::u32string> convert(std::string_view bytes, int codePage)
     while (inLeft > 0) {
         char* out = buffer.data();
         std::size_t outLeft = buffer.size();
-        const std::size_t result = iconv(converter.handle(), &in, &inLeft, &out, &outLeft);
+        const std::size_t result = iconv(*converter, &in, &inLeft, &out, &outLeft);
         const bool failed = result == static_cast<std::size_t>(-1) && errno != E2BIG;
         appendLittleEndian(text, {buffer.data(), buffer.size() - outLeft});
         if (!failed) continue;
@@ -108,7 +122,7 @@ std::optional<std::u32string> convert(std::string_view bytes, int codePage)
     // Some pages hold a letter back, for a mark that may follow it.
     char* out = buffer.data();
     std::size_t outLeft = buffer.size();
-    iconv(converter.handle(), nullptr, nullptr, &out, &outLeft);
+    iconv(*converter, nullptr, nullptr, &out, &outLeft);
     appendLittleEndian(text, {buffer.data(), buffer.size() - outLeft});
     return text;
 }
