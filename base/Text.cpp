@@ -4,7 +4,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <optional>
+#include <system_error>
 
 #include "base/RuntimeError.h"
 
@@ -128,7 +130,12 @@ double val(std::string_view text)
     }
     if (number.starts_with('+')) number.erase(0, 1);
     double value = 0.0;
-    std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed);
+    const auto status =
+        std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed).ec;
+    // Too large, if it is not too small.
+    const bool beyond =
+        status == std::errc::result_out_of_range && number.find_first_of("123456789") < number.find('.');
+    if (beyond) value = std::copysign(std::numeric_limits<double>::max(), number.starts_with('-') ? -1 : 1);
     return value;
 }
 

@@ -33,7 +33,8 @@ std::string str(std::int64_t number);
 std::string bareStr(double number);
 
 /// The number at the beginning of a text, 0 if there is none. Blanks are skipped wherever they stand; then an
-/// optional sign, digits, at most one "." and digits; what follows is ignored.
+/// optional sign, digits, at most one "." and digits; what follows is ignored. Beyond what a double holds it
+/// is the largest or smallest one.
 double val(std::string_view text);
 
 /// 1-based position of the first `needle` in `haystack`, 0 when it does not occur.

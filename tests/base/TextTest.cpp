@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "tests/support/ErrorNumber.h"
 
 namespace quorvin {
@@ -27,14 +29,30 @@ TEST(Text, NumberToText)
 TEST(Text, LeadingNumber)
 {
     struct Case {
-        const char* text;
+        std::string text;
         double number;
     };
-    for (const Case& c :
-         {Case{"", 0}, Case{"abc", 0}, Case{"  12 34x5", 1234}, Case{"- 5", -5}, Case{"+7", 7},
-          Case{"--7", 0}, Case{"3.5.7", 3.5}, Case{".5", 0.5}, Case{"-.5", -0.5}, Case{"5.", 5}, Case{".", 0},
-          Case{"1e5", 1}, Case{"1,5", 1}, Case{"&H10", 0}, Case{"7-3", 7}, Case{"12/03/2004", 12},
-          Case{"99999999999999999999", 1e20}}) {
+    constexpr double most = std::numeric_limits<double>::max();
+    for (const Case& c : {Case{"", 0},
+                          Case{"abc", 0},
+                          Case{"  12 34x5", 1234},
+                          Case{"- 5", -5},
+                          Case{"+7", 7},
+                          Case{"--7", 0},
+                          Case{"3.5.7", 3.5},
+                          Case{".5", 0.5},
+                          Case{"-.5", -0.5},
+                          Case{"5.", 5},
+                          Case{".", 0},
+                          Case{"1e5", 1},
+                          Case{"1,5", 1},
+                          Case{"&H10", 0},
+                          Case{"7-3", 7},
+                          Case{"12/03/2004", 12},
+                          Case{"99999999999999999999", 1e20},
+                          Case{std::string(400, '9') + ".5", most},
+                          Case{"-" + std::string(400, '9'), -most},
+                          Case{"0." + std::string(400, '0') + "1", 0}}) {
         EXPECT_EQ(val(c.text), c.number) << c.text;
     }
 }
