@@ -24,7 +24,7 @@ bool IntervalPrint::start(double first, double last, bool norec)
 bool IntervalPrint::advance(RecordNumber most)
 {
     try {
-        for (; most > 0 && running_; --most) {
+        for (; most > 0 && running_; most -= scanner_.effort()) {
             if (printFile_.isFull() || !scanner_.next()) {
                 stop();
             } else if (!norec_ || !scanner_.isDeleted()) {

@@ -16,8 +16,9 @@ public:
     /// nothing is printed, when one of them is not positive or the last is beyond the file.
     bool start(double first, double last, bool norec);
 
-    /// Prints at most `most` records; false when none is left or the print file is full. An error ends the
-    /// printing and is raised: what reading raises, and 9 for an entry of the matrix without a field.
+    /// Prints at most `most` records, fewer where reading them takes long; false when none is left or the
+    /// print file is full. An error ends the printing and is raised: what reading raises, and 9 for an entry
+    /// of the matrix without a field.
     bool advance(RecordNumber most);
     void stop();
 

@@ -18,6 +18,11 @@ constexpr std::size_t kCheckedBytes = std::size_t{16} * 1024;
 /// Records beyond this, which only a damaged file has, are not read whole.
 constexpr std::int64_t kMostStride = std::int64_t{1} << 20;
 
+/// Bytes of a record beside its place that take as long as a usual record, and how many of those a record
+/// takes that is read through the file's own small buffer.
+constexpr std::ptrdiff_t kBytesOfEffort = 1024;
+constexpr RecordNumber kEffortLineByLine = 1000;
+
 /// How many bytes are control characters up to Ctrl-Z, among them all that end a line or a text.
 std::size_t controlsIn(const char* bytes, std::size_t count)
 {
@@ -191,12 +196,14 @@ bool RecordScanner::readFromBlock()
         mark_ = line.empty() ? '\0' : line.back();
         rest.remove_prefix(end + 1);
     }
+    effort_ = 1 + (rest.data() - record_) / kBytesOfEffort;
     if (file_.impostMaiusc) std::transform(text_.begin(), text_.end(), text_.begin(), toUpper);
     return true;
 }
 
 void RecordScanner::readLineByLine()
 {
+    effort_ = kEffortLineByLine;
     file_.seek(number_);
     file_.caricastring();
     text_ = file_.recordText();

@@ -49,6 +49,10 @@ public:
     /// Number of the record visited, from 1.
     RecordNumber number() const { return number_; }
 
+    /// What reading the record took, in usual records: far more than 1 when it does not stand in its place
+    /// and goes on for long. Whoever works in slices is to count by it.
+    RecordNumber effort() const { return recordRegular_ ? 1 : effort_; }
+
     /// Value of field `n`, blanks kept; see FieldTable::fieldValue. `n`: 1..fieldCount, or 0 for the empty
     /// text.
     std::string_view fieldValue(int n)
@@ -121,6 +125,7 @@ private:
     bool regular_ = true;      ///< those looked at last all have their lines where they belong
     const char* record_ = nullptr;
     bool recordRegular_ = true;
+    RecordNumber effort_ = 1;  ///< for a record that is not regular
     bool textReady_ = false;
     std::string text_;  ///< the record's text, when a view will not do
     char mark_ = 0;     ///< of a record read line by line

@@ -85,7 +85,7 @@ SearchDriver::State SearchDriver::advance(RecordNumber most)
 
 void SearchDriver::scan(RecordNumber most)
 {
-    for (; most > 0; --most) {
+    for (; most > 0; most -= scanner_.effort()) {
         if (!scanner_.next()) {
             endScan(SearchEnd::completed);
             return;

@@ -41,9 +41,9 @@ public:
     /// range. Raises what recounting or a consumer raises; nothing runs then.
     Started start(const SearchQuery& query);
 
-    /// Tests at most `most` records, or orders about as many lines of the list, and tells how the search
-    /// stands. An error ends the search, which keeps what was found, and is raised: reading errors, 62 when
-    /// the file was cut short meanwhile, 9 for too many words.
+    /// Tests at most `most` records, fewer where reading them takes long, or orders about as many lines of
+    /// the list, and tells how the search stands. An error ends the search, which keeps what was found, and
+    /// is raised: reading errors, 62 when the file was cut short meanwhile, 9 for too many words.
     State advance(RecordNumber most);
 
     /// Answers at a hit: the hit counts and the search goes on, or the search ends before anybody sees it, by

@@ -280,6 +280,20 @@ TEST_F(SearchDriverTest, AConsumerThatFailsEndsTheSearch)
     }
 }
 
+TEST_F(SearchDriverTest, RecordsThatGoOnForLongTakeMoreOfAStep)
+{
+    // The first record is an empty line; each of the others begins one character further in a long one, which
+    // ends in the block that is read at once, or not.
+    for (const std::size_t length : {10000U, 500000U}) {
+        use(rec({{.length = 3}}, 1, "\n").bytes() + '\n' + std::string(length, 'a') + '\n');
+        driver_.start(query(1, {1}, {"aa"}));
+        driver_.advance(1000);
+        EXPECT_LT(driver_.position(), 110) << length;
+        driver_.stop();
+        EXPECT_EQ(finish(), 0);
+    }
+}
+
 TEST_F(SearchDriverTest, AFileCutShortMeanwhileEndsTheSearch)
 {
     const std::string bytes = rec({{.length = 40}}).records(9000).bytes();
