@@ -247,6 +247,8 @@ SearchQuery SearchPanel::query(int startField) const
 void SearchPanel::start(const SearchQuery& query)
 {
     lists_.empty();
+    // A box may come before anything is tested, and the range may be wrong.
+    parts_.status.cancella();
     parts_.navigator.stopRepeating();
     // What was said before must not stand over the progress.
     emit hint({});
