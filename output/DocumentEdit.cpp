@@ -126,6 +126,8 @@ bool DocumentEdit::canInsertFromMimeData(const QMimeData* source) const
 
 void DocumentEdit::insertFromMimeData(const QMimeData* source)
 {
+    // Some versions of Qt crash on an empty clipboard.
+    if (!canInsertFromMimeData(source)) return;
     const bool formatted = source->hasHtml() || !rtfOf(*source).isEmpty();
     const RichText text = formatted ? richTextOf(*source, document()->defaultFont()) : RichText();
     const auto added = formatted ? static_cast<qsizetype>(text.text().size()) : source->text().size();

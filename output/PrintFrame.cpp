@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <QToolButton>
@@ -17,11 +18,27 @@
 
 namespace quorvin {
 
+namespace {
+
+/// Takes nothing but text: some versions of Qt crash on an empty clipboard.
+class TextBox : public QPlainTextEdit {
+public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+protected:
+    void insertFromMimeData(const QMimeData* source) override
+    {
+        if (source->hasText()) QPlainTextEdit::insertFromMimeData(source);
+    }
+};
+
+}  // namespace
+
 PrintFrame::PrintFrame(QWidget* parent) :
     QFrame(parent),
     frame8_(new RangeFrame(QStringLiteral("Frame8"), QStringLiteral("rekord da stampare"),
                            QStringLiteral("Text8"), QStringLiteral("Text9"), Qt::Horizontal, this)),
-    Text5(new QPlainTextEdit(this)),
+    Text5(new TextBox(this)),
     fill_(new QLabel(this)),
     close_(new QToolButton(this))
 {

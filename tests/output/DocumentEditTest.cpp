@@ -173,6 +173,17 @@ TEST_F(DocumentEditTest, NoMoreGoesInThanIsKept)
     EXPECT_EQ(shown().mid(1, 16), text("*(1)*          b"));
 }
 
+TEST_F(DocumentEditTest, AnEmptyClipboardChangesNothing)
+{
+    choose("impostadoc");
+    write("a");
+    QApplication::clipboard()->setMimeData(new QMimeData);
+    box().paste();
+    EXPECT_EQ(shown(), text("a"));
+    control<QPlainTextEdit>("Text5").paste();
+    EXPECT_EQ(printed(), QString());
+}
+
 TEST_F(DocumentEditTest, WhatIsCutComesBackAsItWas)
 {
     openWith("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\qc Uno\\par\\pard\\qr\\li300\\tx3000\\tab\\b "
