@@ -6,6 +6,15 @@
 
 namespace quorvin {
 
+namespace {
+
+bool endsLine(char32_t character)
+{
+    return character == U'\n' || character == U'\r' || character == U'\u2028' || character == U'\u2029';
+}
+
+}  // namespace
+
 QString fromAnsi(std::string_view ansi)
 {
     // The code pages differ in 32 codes only; Qt's conversion is many times as quick as one by characters.
@@ -22,7 +31,7 @@ std::string toAnsi(const QString& text)
     const auto characters = text.normalized(QString::NormalizationForm_C).toUcs4();
     ansi.reserve(static_cast<std::size_t>(characters.size()));
     for (const auto character : characters)
-        ansi.push_back(fromUnicode(character));
+        ansi.push_back(endsLine(character) ? ' ' : fromUnicode(character));
     return ansi;
 }
 
