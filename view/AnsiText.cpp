@@ -8,9 +8,12 @@ namespace quorvin {
 
 namespace {
 
+/// Line ends, and Ctrl-Z, which ends a whole text file.
 bool endsLine(char32_t character)
 {
-    return character == U'\n' || character == U'\r' || character == U'\u2028' || character == U'\u2029';
+    constexpr char32_t kCtrlZ = 0x1A;
+    return character == kCtrlZ || character == U'\n' || character == U'\r' || character == U'\u2028' ||
+           character == U'\u2029';
 }
 
 }  // namespace

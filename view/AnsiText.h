@@ -9,7 +9,7 @@ namespace quorvin {
 
 QString fromAnsi(std::string_view ansi);
 
-/// One line of what was typed: line ends, which only come by pasting, are blanks, as a line edit shows them.
+/// One line of what was typed: line ends and Ctrl-Z, which only come by pasting, are blanks.
 /// Characters outside the code page become "?".
 std::string toAnsi(const QString& text);
 

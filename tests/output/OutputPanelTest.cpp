@@ -135,7 +135,7 @@ TEST_F(OutputPanelTest, HeaderAndMarginAreAskedForAndKept)
     };
     chooseMatrix({2});
     for (const Case& c : {
-             Case{"intestazione", "ELENCO,\ncon virgola", "Attuale : ", "ELENCO, con virgola\r\n 0"},
+             Case{"intestazione", "ELENCO,\ncon\x1Avirgola", "Attuale : ", "ELENCO, con virgola\r\n 0"},
              Case{"intestazione", "", "Attuale : ELENCO, con virgola", "ELENCO, con virgola\r\n 0"},
              Case{"margstamp", "3.7", "Attuale: 0, inserire il nuovo margine sinistro di stampa",
                   "ELENCO, con virgola\r\n 3"},
