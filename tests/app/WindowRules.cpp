@@ -35,8 +35,8 @@ const std::vector<Rule> kRules = {
      names("esporta stat stampa documento impostadoc")},
     {"impmat", names("unirek documento impostadoc stamp1 stamp2 freq tabella"),
      names("opz stamp1 stamp2 stat Check1"), "stampa", "IMPOSTA MATRICE"},
-    {"stamp1", names("stamp2 documento impostadoc freq tabella"), kOffWhilePrinting + names("Frame3"), "stampa",
-     "STAMPA REKORD"},
+    {"stamp1", names("stamp2 documento impostadoc freq tabella"), kOffWhilePrinting + names("Frame3"),
+     "stampa", "STAMPA REKORD"},
     {"stamp2", names("documento impostadoc freq tabella"), kOffWhilePrinting, "stampa", "STAMPA RICERCA"},
     {"impostadoc", names("documento freq tabella"), names("esporta stampa stat preferenze")},
     {"freq", names("tabella"), kOffWhileCounting, "stat", "STATISTICA"},
@@ -61,9 +61,9 @@ const QHash<QString, QString> kTopCaptions = {
 };
 
 const QStringList kWithoutFile = names("indice aprifile esci inf note limiti versione");
-const QStringList kNotInThisVersion = names(
-    "sortgrid campx campy adattaColonna sommcamp ric1 ric1(1) ric1(2) ric1(3) ric1(4) ric1(5) ric1(6) ric1(7) "
-    "ric1(8) grigliarek MenExcel sostituisci cancellarec Importa");
+const QStringList kNotInThisVersion = names("sortgrid campx campy adattaColonna sommcamp ric1 ric1(1) "
+                                            "ric1(2) ric1(3) ric1(4) ric1(5) ric1(6) ric1(7) "
+                                            "ric1(8) grigliarek MenExcel sostituisci cancellarec Importa");
 const QStringList kOnlyWhileCounting = names("accorpa SommaCampNum GrafImpost");
 
 const QStringList kModes = names("ric(1) ric(2) ric(3) ric(4) ric(5) ric(6) ric(7) ric(8)");
@@ -159,7 +159,8 @@ void WindowRules::checkEnabled(QStringList& broken) const
     const QStringList disabled = disabledNow();
     for (auto entry = actions_.begin(); entry != actions_.end(); ++entry) {
         const QString& name = entry.key();
-        const bool exists = !kNotInThisVersion.contains(name) && (counting || !kOnlyWhileCounting.contains(name));
+        const bool exists =
+            !kNotInThisVersion.contains(name) && (counting || !kOnlyWhileCounting.contains(name));
         const bool expected = (fileOpen || kWithoutFile.contains(name)) && exists && !disabled.contains(name);
         // What stands in a disabled menu counts as disabled by itself or not, as it likes.
         if (entry.value()->isEnabled() != expected && isReachable(parents_.value(name)))
@@ -205,8 +206,8 @@ void WindowRules::checkShown(QStringList& broken) const
     };
     for (const auto& part : kParts)
         if (widget(QLatin1String(part.name))->isHidden() == part.shown)
-            broken += QLatin1String(part.name) + (part.shown ? QStringLiteral(" is hidden")
-                                                             : QStringLiteral(" is shown"));
+            broken += QLatin1String(part.name) +
+                      (part.shown ? QStringLiteral(" is hidden") : QStringLiteral(" is shown"));
     const bool printing = isTicked("stamp1") || isTicked("stamp2");
     if (printing && widget(QStringLiteral("printFrame"))->isHidden())
         broken += QStringLiteral("no print file is shown");
