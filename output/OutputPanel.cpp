@@ -1,7 +1,6 @@
 #include "output/OutputPanel.h"
 
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
@@ -328,7 +327,7 @@ void OutputPanel::print(const Printer::Drawing& drawing)
     const QString replaced = printer_.fileToReplace();
     if (!replaced.isEmpty() && !askToOverwrite(parts_.dialogs, replaced)) return;
     try {
-        printer_.print(drawing, QFileInfo(parts_.recFile.dataFileName()).fileName());
+        printer_.print(drawing, parts_.recFile.dataFileName());
         emit hint(QStringLiteral("stampa inviata"));
     } catch (const std::exception&) {
         emit hint(fromUtf8Text(currentError().description()));

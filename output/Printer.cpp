@@ -135,13 +135,16 @@ QString Printer::fileToReplace()
     return name == printedTo_ && QFileInfo::exists(name) ? name : QString();
 }
 
-void Printer::print(const Drawing& drawing, const QString& name)
+void Printer::print(const Drawing& drawing, const std::filesystem::path& source)
 {
     if (!isReachable()) fail();
-    printer().setDocName(name);
+    printer().setDocName(QFileInfo(source).fileName());
     printer().setColorMode(stampcol ? QPrinter::Color : QPrinter::GrayScale);
     if (isFile(printer())) {
-        printToFile(drawing, printer().outputFileName());
+        const QString target = printer().outputFileName();
+        if (isSameFile(QFileInfo(target).filesystemAbsoluteFilePath(), source))
+            throw RuntimeError(ErrorNumber::permissionDenied);
+        printToFile(drawing, target);
     } else {
         drawing(printer());
     }

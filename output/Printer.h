@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QString>
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -42,9 +43,10 @@ public:
 
     /// Draws on pages from the first one on; raises RuntimeError 57 when that fails.
     using Drawing = std::function<void(QPrinter&)>;
-    /// Prints what is drawn. `name`: what the job is called. Raises RuntimeError 57 without a printer or when
-    /// printing fails, and what OutputFile raises.
-    void print(const Drawing& drawing, const QString& name);
+    /// Prints what is drawn. `source`: the data file, which names the job. Raises RuntimeError 57 without a
+    /// printer or when printing fails, 70 when that very file would be printed over, and what OutputFile
+    /// raises.
+    void print(const Drawing& drawing, const std::filesystem::path& source);
 
     /// Draws a text, lines separated by LF, in pages; a line that is too long goes on below, as far in as it
     /// began.

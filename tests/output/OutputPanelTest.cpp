@@ -309,6 +309,13 @@ TEST_F(OutputPanelTest, PrintingToAFileAndWithoutAPrinter)
     ASSERT_EQ(dialogs_.messages.size(), 1);
     EXPECT_TRUE(dialogs_.messages[0].startsWith(text("Attenzione!!il file ")));
 
+    const std::string source = bytesOf(file());
+    dialogs_.pdf = QString::fromStdString(file().string());
+    choose("impoststamp");
+    click("Command4");
+    EXPECT_EQ(dialogs_.messages.last(), text("!Errore!! manca stampante !!"));
+    EXPECT_TRUE(bytesOf(file()) == source) << "the open file is not printed over";
+
     // Forty lines, which take more than a page because they are too long for one.
     dialogs_.pdf = inFolder("long.pdf");
     choose("impoststamp");
