@@ -204,7 +204,8 @@ void RandomUser::prepareAnswers()
     dialogs_.yesAnswers = chance(2) ? below(4) : 0;
     dialogs_.typed = QString::fromUtf8(oneOf(kTexts));
     dialogs_.filesToSave = {oneOf(targets), oneOf(targets), oneOf(targets)};
-    dialogs_.pdf = oneOf(targets).replace(QLatin1String(".rec"), QLatin1String(".pdf"));
+    dialogs_.pdf = oneOf(targets);
+    if (chance(2)) dialogs_.pdf.replace(QLatin1String(".rec"), QLatin1String(".pdf"));
     dialogs_.font.reset();
     dialogs_.colour.reset();
     if (chance(2)) dialogs_.font = QFont(QStringLiteral("Courier new"), 8 + below(6));
@@ -335,7 +336,9 @@ void RandomUser::typeText()
 {
     auto* box = qobject_cast<QLineEdit*>(anyControl("Text\\d.*|qt_spinbox_lineedit"));
     if (!box) return;
-    const QString text = QString::fromUtf8(oneOf(kTexts));
+    const PlainRec* rec = openRec();
+    const QString text =
+        rec && chance(8) ? QString::number(rec->count() + 1) : QString::fromUtf8(oneOf(kTexts));
     note(text);
     box->setFocus();
     box->selectAll();
@@ -391,6 +394,7 @@ void RandomUser::search()
 void RandomUser::searchAndGoOn()
 {
     beginSearch();
+    searched_ = true;
     if (chance(2)) pressKey();
     if (chance(2)) chooseItem();
 }
