@@ -1,5 +1,7 @@
 #include "rec/LineReader.h"
 
+#include <algorithm>
+
 #include "base/RuntimeError.h"
 #include "rec/RecFormat.h"
 
@@ -21,11 +23,18 @@ void LineReader::seek(std::int64_t position)
     lineEndBytes_ = 0;
 }
 
-bool LineReader::fill()
+void LineReader::require(std::int64_t bytes)
+{
+    const auto wanted = static_cast<std::size_t>(std::min(bytes, kMaxLineLength));
+    if (buffered().size() < wanted) fill(wanted);
+    if (buffered().size() < wanted) throw RuntimeError(ErrorNumber::inputPastEnd);
+}
+
+bool LineReader::fill(std::size_t atLeast)
 {
     blockStart_ = position();
     next_ = 0;
-    block_.resize(kBlockSize);
+    block_.resize(std::max(kBlockSize, atLeast));
     block_.resize(file_.readAt(blockStart_ - 1, block_));
     return !block_.empty();
 }

@@ -28,6 +28,10 @@ public:
     /// meanwhile.
     void seek(std::int64_t position);
 
+    /// Has these bytes from the position on at hand, read in one go so that they belong together; of a line's
+    /// greatest length at most. Raises RuntimeError 62 when the file ends before.
+    void require(std::int64_t bytes);
+
     /// Where the next read begins.
     std::int64_t position() const { return blockStart_ + static_cast<std::int64_t>(next_); }
 
@@ -39,11 +43,14 @@ public:
     /// Bytes of the line end that the last line had: 2, 1, or 0 when the file ended.
     int lineEndBytes() const { return lineEndBytes_; }
 
+    /// Whether the last line was ended by the end of the file.
+    bool endedWithFile() const { return lineEndBytes_ == 0 && next_ == block_.size(); }
+
     /// Whether the file or the text ends at the position.
     bool atEnd();
 
 private:
-    bool fill();
+    bool fill(std::size_t atLeast = 0);
     std::string_view buffered() const;
 
     const InputFile& file_;

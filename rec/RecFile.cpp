@@ -99,10 +99,16 @@ void RecFile::measure()
     if (linesPerRecord_ == 0 || reader_.atEnd()) throw RuntimeError(ErrorNumber::divisionByZero);
 
     std::int64_t bytes = 0;
+    TextLine last;
     for (int line = 0; line < linesPerRecord_; ++line) {
-        lineLengths_.push_back(reader_.readLine(0).length);
-        bytes += lineLengths_.back() + lineEndBytes_;
+        last = reader_.readLine(0);
+        lineLengths_.push_back(last.length);
+        bytes += last.length + lineEndBytes_;
     }
+    // Somebody may be writing it just now: its measure would not be that of the records to come.
+    const std::int64_t lastText = recordLength() - width * (linesPerRecord_ - 1);
+    if (reader_.endedWithFile() && (last.length <= lastText || last.last == '\r'))
+        throw RuntimeError(ErrorNumber::inputPastEnd);
     recordBytes_ = bytes;
     count();
 }
@@ -141,6 +147,8 @@ void RecFile::seek(RecordNumber n)
 
 void RecFile::caricastring()
 {
+    // Others may have cut the file since it was counted; what is left of a record is none.
+    reader_.require(recordBytes_);
     std::string text;
     char mark = 0;
     for (int j = 0; j < linesPerRecord_; ++j) {

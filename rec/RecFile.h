@@ -43,8 +43,8 @@ public:
     /// Sets the reading position to record `n`; raises what `positionOf` does.
     void seek(RecordNumber n);
 
-    /// Reads the record at the reading position into `recordText` and `lastMark`. Raises 62 when lines are
-    /// missing; the record read before is then kept.
+    /// Reads the record at the reading position into `recordText` and `lastMark`. Raises 62 when the file
+    /// ends within it or lines are missing; the record read before is then kept.
     void caricastring();
 
     /// Position of record `n`'s first byte, 1-based. Raises 5 for n < 1 or beyond any file, 11 when the file

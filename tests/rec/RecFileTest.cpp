@@ -102,6 +102,10 @@ TEST_F(RecFileTest, FilesThatAreDamaged)
              Case{"second line of the first record missing", good.substr(0, secondLine), 62},
              Case{"Ctrl-Z within the first record",
                   good.substr(0, secondLine) + "\x1A" + good.substr(secondLine), 62},
+             Case{"first record half written", good.substr(0, good.size() - 9), 62},
+             Case{"its mark not yet written", good.substr(0, good.size() - 3), 62},
+             Case{"its line end half written", good.substr(0, good.size() - 1), 62},
+             Case{"its line end not yet written", good.substr(0, good.size() - 2), 0},
              Case{"zeros", std::string(5000, '\0'), -5},
              Case{"a line without end", "1 1\r\n" + std::string(3 << 20, 'x'), 7},
          })
@@ -188,6 +192,11 @@ TEST_F(RecFileTest, FilesThatOthersChange)
     file_.recount();
     EXPECT_EQ(file_.recordCount(), 3) << "the half record does not count";
     EXPECT_EQ(rTrim(value(3, 1)), "r3");
+    EXPECT_EQ(errorOf([&] { value(4, 1); }), 62) << "nor is it read";
+    append(name, "\r");
+    EXPECT_EQ(errorOf([&] { value(4, 1); }), 62);
+    append(name, "\n");
+    EXPECT_EQ(rTrim(value(4, 1)), "r4");
 
     write(rec({{}}).records(1).bytes());
     file_.recount();
