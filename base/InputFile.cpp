@@ -172,14 +172,17 @@ std::int64_t InputFile::size() const
 std::size_t InputFile::readAt(std::int64_t offset, std::span<char> buffer) const
 {
     if (!isOpen()) throw RuntimeError(ErrorNumber::badFileName);
-    std::size_t filled = 0;
-    while (filled < buffer.size()) {
-        const std::size_t got =
-            readSome(handle_, offset + static_cast<std::int64_t>(filled), buffer.subspan(filled));
-        if (got == 0) break;
-        filled += got;
+    // After a short call another one may give bytes of a file that was cut and written anew between them,
+    // which do not belong together: all is read again then, unless calls never give everything here.
+    constexpr int kTries = 4;
+    for (int tries = 1;; ++tries) {
+        const std::size_t got = readSome(handle_, offset, buffer);
+        if (got == 0 || got == buffer.size()) return got;
+        const std::int64_t next = offset + static_cast<std::int64_t>(got);
+        const std::span<char> rest = buffer.subspan(got);
+        if (readSome(handle_, next, rest.first(1)) == 0) return got;
+        if (tries == kTries) return got + readAt(next, rest);
     }
-    return filled;
 }
 
 }  // namespace quorvin
