@@ -88,11 +88,11 @@ RawHandle openShared(const std::filesystem::path& name)
     const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) throw lastSystemError();
     struct stat status {};
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
-        ::close(descriptor);
-        throw RuntimeError(ErrorNumber::accessError);
-    }
-    return descriptor;
+    const bool known = ::fstat(descriptor, &status) == 0;
+    if (known && S_ISREG(status.st_mode)) return descriptor;
+    const RuntimeError error = known ? RuntimeError(ErrorNumber::accessError) : lastSystemError();
+    ::close(descriptor);
+    throw error;
 }
 
 void closeRaw(RawHandle handle)
