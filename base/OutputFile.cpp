@@ -26,9 +26,9 @@ namespace fs = std::filesystem;
 using RawHandle = std::intptr_t;
 constexpr RawHandle kNoHandle = -1;
 
-/// Bytes that may wait in memory while a file is written that replaces another: the disk gets its share on
-/// the way, so that completing the file takes no long moment.
-constexpr std::size_t kSyncBytes = std::size_t{32} << 20;
+/// Bytes that may wait in memory while a file is written: the disk gets its share on the way, so that
+/// completing the file takes no long moment.
+constexpr std::size_t kSyncBytes = std::size_t{16} << 20;
 
 /// Links that lead to links, before they are taken for a circle.
 constexpr int kMostLinks = 40;
@@ -119,6 +119,12 @@ void syncRaw(RawHandle handle)
     if (!FlushFileBuffers(asHandle(handle))) throw lastWriteError();
 }
 
+/// Has the disk take what was written so far.
+void startSync(RawHandle handle)
+{
+    syncRaw(handle);
+}
+
 void closeRaw(RawHandle handle)
 {
     if (!CloseHandle(asHandle(handle))) throw lastWriteError();
@@ -126,8 +132,8 @@ void closeRaw(RawHandle handle)
 
 void putInPlace(const fs::path& temporary, const fs::path& target, bool replaces)
 {
-    if (!MoveFileExW(temporary.c_str(), target.c_str(), replaces ? MOVEFILE_REPLACE_EXISTING : 0))
-        throw lastWriteError();
+    const DWORD flags = MOVEFILE_WRITE_THROUGH | (replaces ? MOVEFILE_REPLACE_EXISTING : 0);
+    if (!MoveFileExW(temporary.c_str(), target.c_str(), flags)) throw lastWriteError();
 }
 
 /// A new file has the rights that its folder gives.
@@ -175,10 +181,10 @@ Target targetOf(fs::path name)
     if (descriptor < 0) throw lastWriteError();
     struct stat there {};
     const bool known = ::fstat(descriptor, &there) == 0;
-    Target target{name, descriptor, known ? identityOf(there) : std::nullopt};
-    if (target.identity) return target;
+    if (const auto identity = known ? identityOf(there) : std::nullopt) return {name, descriptor, identity};
+    const RuntimeError error = known ? RuntimeError(ErrorNumber::accessError) : lastWriteError();
     ::close(descriptor);
-    throw RuntimeError(ErrorNumber::accessError);
+    throw error;
 }
 
 /// A new file, or none when there is one of that name.
@@ -204,22 +210,42 @@ void syncRaw(RawHandle handle)
     if (::fsync(static_cast<int>(handle)) != 0 && errno != EINVAL) throw lastWriteError();
 }
 
+/// Has the disk take what was written so far; where that can be done without waiting for it.
+void startSync(RawHandle handle)
+{
+#ifdef __linux__
+    // What fails here fails again in the end.
+    ::sync_file_range(static_cast<int>(handle), 0, 0, SYNC_FILE_RANGE_WRITE);
+#else
+    syncRaw(handle);
+#endif
+}
+
 void closeRaw(RawHandle handle)
 {
     if (::close(static_cast<int>(handle)) != 0 && errno != EINTR) throw lastWriteError();
 }
 
+/// Has the disk keep the names in a folder. The file is in its place by then: a folder that may not be read,
+/// or a file system without this, changes nothing of that.
+void syncFolder(const fs::path& folder)
+{
+    const char* name = folder.empty() ? "." : folder.c_str();
+    const int descriptor = ::open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+/// The temporary name may stay; it is then one more of the same file.
 void putInPlace(const fs::path& temporary, const fs::path& target, bool replaces)
 {
-    if (!replaces) {
-        // Unlike renaming, linking never replaces. Not every file system can; there a look must do.
-        if (::link(temporary.c_str(), target.c_str()) == 0) {
-            ::unlink(temporary.c_str());
-            return;
-        }
-        if (errno == EEXIST || identityAt(target)) throw RuntimeError(ErrorNumber::accessError);
-    }
-    if (::rename(temporary.c_str(), target.c_str()) != 0) throw lastWriteError();
+    // Unlike renaming, linking never replaces. Not every file system can; there a look must do.
+    const bool linked = !replaces && ::link(temporary.c_str(), target.c_str()) == 0;
+    if (!replaces && !linked && (errno == EEXIST || identityAt(target)))
+        throw RuntimeError(ErrorNumber::accessError);
+    if (!linked && ::rename(temporary.c_str(), target.c_str()) != 0) throw lastWriteError();
+    syncFolder(target.parent_path());
 }
 
 /// Gives the new file the owner, group and rights of the one that it will replace, as far as the system lets
@@ -303,8 +329,8 @@ void OutputFile::flush()
         for (std::size_t done = 0; done < filled_;)
             done += writeSome(handle_, buffer_.get() + done, filled_ - done);
         sinceSync_ += std::exchange(filled_, 0);
-        if (!replaced_ || sinceSync_ < kSyncBytes) return;
-        syncRaw(handle_);
+        if (sinceSync_ < kSyncBytes) return;
+        startSync(handle_);
         sinceSync_ = 0;
     } catch (const RuntimeError&) {
         // Part of the buffer may be written: there is no going on.
@@ -317,8 +343,9 @@ void OutputFile::commit()
 {
     flush();
     try {
-        // The old file must not give way to one that is still on its way to the disk.
-        if (replaced_) syncRaw(handle_);
+        // What has a name must be whole even if the power fails now: a data file that is short looks like one
+        // of fewer records.
+        syncRaw(handle_);
         closeRaw(std::exchange(handle_, kNone));
         const auto there = identityAt(target_);
         if (there && there != replaced_) throw RuntimeError(ErrorNumber::accessError);
@@ -329,7 +356,7 @@ void OutputFile::commit()
         discard();
         throw;
     }
-    temporary_.clear();
+    discard();
 }
 
 void OutputFile::discard() noexcept

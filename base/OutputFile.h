@@ -20,8 +20,10 @@ struct FileIdentity {
 };
 
 /// What is written goes into a temporary file in the target's own folder, which takes the target's place when
-/// it is complete. Until then, and after any failure, the target is what it was before. Only the file that
-/// was the target at the beginning is ever replaced, never one that has come to stand there meanwhile.
+/// it is complete and on the disk. Until then, and after any failure, of the power too, the target is what it
+/// was before. Only the file that was the target at the beginning is ever replaced, never one that has come
+/// to stand there meanwhile. A process that is killed leaves its temporary file, "quorvin-<number>.tmp",
+/// behind; nobody can tell it from one that is being written, so that nobody else removes it.
 class OutputFile {
 public:
     OutputFile() = default;
@@ -52,7 +54,7 @@ public:
     /// target may not be replaced, or has become another file; the new file is then given up.
     void commit();
 
-    /// Deletes what was written.
+    /// Deletes what was written and is not in its place.
     void discard() noexcept;
 
 private:
