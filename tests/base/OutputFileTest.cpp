@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <memory>
 #include <set>
 
 #include "tests/support/ErrorNumber.h"
+#include "tests/support/FileFaults.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvin {
@@ -217,6 +220,80 @@ TEST_F(OutputFileTest, AFullDisk)
         EXPECT_EQ(namesIn(disk), Names{"file"}) << bytes;
     }
     EXPECT_EQ(save(file), 0);
+}
+
+/// Whatever fails, the target is the old file or the new one, and nothing else is left.
+TEST_F(OutputFileTest, EveryOperationFails)
+{
+    for (const std::string before : {"", "old"}) {
+        for (const auto& [fault, number] : {std::pair(EIO, 57), {ENOSPC, 61}, {EACCES, 75}}) {
+            bool reached = true;
+            for (int n = 1; reached; ++n) {
+                before.empty() ? void(fs::remove(path("file"))) : void(folder_.write("file", before));
+                test::FileFaults faults;
+                faults.at = n;
+                faults.error = fault;
+                const int error = save(path("file"), large_);
+                reached = faults.isReached();
+                SCOPED_TRACE(before + ", error " + std::to_string(fault) + " of operation " +
+                             std::to_string(n));
+                EXPECT_TRUE(error == 0 || error == number) << error;
+                EXPECT_TRUE(bytesOf(path("file")) == (error == 0 ? large_ : before));
+                EXPECT_TRUE(reached || error == 0);
+                EXPECT_FALSE(faults.isNamedTooEarly()) << "what has a name outlives a loss of power";
+                EXPECT_EQ(namesIn(folder_.path()), error == 0 || !before.empty() ? Names{"file"} : Names{});
+            }
+        }
+    }
+}
+
+TEST_F(OutputFileTest, ADiskFullAtEveryByte)
+{
+    const auto file = folder_.write("file", "old");
+    std::string all;
+    for (char c = ' '; c < 'z'; ++c)
+        all += c;
+    for (const std::size_t portion : {std::size_t{7}, test::FileFaults::kAll}) {
+        for (std::size_t room = 0; room <= all.size(); ++room) {
+            test::FileFaults faults;
+            faults.room = room;
+            faults.portion = portion;
+            EXPECT_EQ(save(file, all), room < all.size() ? 61 : 0) << room;
+            EXPECT_EQ(bytesOf(file), room < all.size() ? "old" : all) << room;
+            EXPECT_EQ(namesIn(folder_.path()), Names{"file"}) << room;
+        }
+        folder_.write("file", "old");
+    }
+    for (const std::size_t room : {131071U, 131072U, 131073U, 599'999U}) {
+        test::FileFaults faults;
+        faults.room = room;
+        EXPECT_EQ(save(file, large_), 61) << room;
+    }
+    EXPECT_EQ(bytesOf(file), "old");
+}
+
+/// The process is killed before each operation in turn.
+TEST_F(OutputFileTest, KilledAnywhere)
+{
+    for (const std::string before : {"", "old"}) {
+        int status = SIGKILL;
+        for (int n = 1; status == SIGKILL; ++n) {
+            before.empty() ? void(fs::remove(path("file"))) : void(folder_.write("file", before));
+            const pid_t child = ::fork();
+            ASSERT_GE(child, 0);
+            if (child == 0) {
+                test::FileFaults faults;
+                faults.at = n;
+                faults.before = [] { ::raise(SIGKILL); };
+                ::_exit(save(path("file"), large_));
+            }
+            ASSERT_EQ(::waitpid(child, &status, 0), child);
+            const std::string after = bytesOf(path("file"));
+            EXPECT_TRUE(after == before || after == large_) << n;
+        }
+        EXPECT_EQ(status, 0);
+        EXPECT_TRUE(bytesOf(path("file")) == large_);
+    }
 }
 
 TEST_F(OutputFileTest, NamesOfTheSameFile)
