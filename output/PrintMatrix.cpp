@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <limits>
+#include <system_error>
 
 #include "base/InputFile.h"
 #include "base/OutputFile.h"
-#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "output/DocumentTemplate.h"
 #include "output/RtfReader.h"
@@ -127,6 +128,13 @@ std::string readWhole(const std::filesystem::path& name)
     return text;
 }
 
+/// Also when there is no telling.
+bool isThere(const std::filesystem::path& name)
+{
+    std::error_code ignored;
+    return std::filesystem::status(name, ignored).type() != std::filesystem::file_type::not_found;
+}
+
 }  // namespace
 
 void PrintMatrix::beginChoice()
@@ -183,14 +191,17 @@ void PrintMatrix::fromText(std::string_view text)
     DocumentTemplate = reader.quotedItem();
 }
 
-void PrintMatrix::matrice(const RecFile& recFile) const
+void PrintMatrix::matrice(const RecFile& recFile)
 {
+    const std::filesystem::path name = matrixFile(recFile);
+    if (unread_ && isThere(name)) throw RuntimeError(*unread_);
     const std::string text = toText();
     if (text.size() > static_cast<std::size_t>(kMostBytes)) throw RuntimeError(ErrorNumber::outOfMemory);
     OutputFile file;
-    file.open(matrixFile(recFile));
+    file.open(name);
     file.write(text);
     file.commit();
+    unread_.reset();
 }
 
 void PrintMatrix::read(const RecFile& recFile)
@@ -198,8 +209,11 @@ void PrintMatrix::read(const RecFile& recFile)
     clear();
     try {
         fromText(readWhole(matrixFile(recFile)));
-    } catch (const RuntimeError& error) {
-        if (error.number() != ErrorNumber::fileNotFound) throw;
+    } catch (const std::exception&) {
+        const RuntimeError error = currentError();
+        if (error.number() == ErrorNumber::fileNotFound) return;
+        unread_ = error;
+        throw;
     }
 }
 

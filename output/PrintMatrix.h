@@ -2,9 +2,11 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/RuntimeError.h"
 #include "view/FieldList.h"
 
 namespace quorvin {
@@ -40,8 +42,9 @@ public:
 
     /// Writes the file that belongs to a REC file, whole or not at all; during a choice with the entries
     /// before it. Raises what OutputFile raises, 75 when it would be the REC file itself, and 7 when it could
-    /// not be read again.
-    void matrice(const RecFile& recFile) const;
+    /// not be read again. A file that is there but could not be read is kept: what reading it raised is
+    /// raised again.
+    void matrice(const RecFile& recFile);
 
     /// Reads the file that belongs to a REC file. Where there is none everything is empty; also after an
     /// error: RuntimeError 7 for a file beyond any sense, else InputFile's.
@@ -53,6 +56,7 @@ public:
 
 private:
     bool choosing_ = false;
+    std::optional<RuntimeError> unread_;  ///< why the file that is there could not be read
     FieldList saved_;
 };
 
