@@ -9,7 +9,8 @@ namespace quorvin::test {
 
 /// While one stands, it counts the system calls that our own code makes about files, in all threads: opening,
 /// looking, reading, writing, syncing, closing, linking and renaming, each whether it will fail or not. Those
-/// of libraries, and so of the tests themselves, are left alone. Only one at a time.
+/// of libraries, and so of the tests themselves, are left alone, and syncing waits for nothing. Only one at a
+/// time.
 class FileFaults {
 public:
     FileFaults();

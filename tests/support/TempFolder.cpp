@@ -1,8 +1,9 @@
 #include "tests/support/TempFolder.h"
 
 #include <fstream>
-#include <iterator>
 #include <random>
+#include <sstream>
+#include <utility>
 
 namespace quorvin::test {
 
@@ -34,8 +35,9 @@ void append(const std::filesystem::path& file, const std::string& bytes)
 
 std::string bytesOf(const std::filesystem::path& file)
 {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    std::ostringstream all;
+    all << std::ifstream(file, std::ios::binary).rdbuf();
+    return std::move(all).str();
 }
 
 }  // namespace quorvin::test

@@ -1,0 +1,383 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QListView>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTest>
+#include <cerrno>
+#include <map>
+#include <utility>
+
+#include "output/DocumentEdit.h"
+#include "tests/output/OutputFixture.h"
+#include "tests/support/FileFaults.h"
+
+namespace quorvin {
+namespace {
+
+namespace fs = std::filesystem;
+using test::FileFaults;
+using test::text;
+
+/// Something that the user does, over and over, each time with another failure.
+struct Journey {
+    const char* name;
+    const char* prefix;  ///< of the box that says what failed; none where only the status bar does
+    std::function<void()> prepare;
+    std::function<void()> act;
+};
+
+/// What happens to one operation, and how it is said.
+struct Fault {
+    const char* name;
+    std::function<void(FileFaults&, int)> arrange;  ///< for the n-th, from 1
+    const char* description;
+    bool changesResult = false;  ///< there is less to find, which nobody needs to say
+};
+
+class FileFaultsTest : public test::OutputTest {
+protected:
+    using Files = std::map<std::string, std::string>;
+
+    FileFaultsTest()
+    {
+        folder_.write("prova.mtr", " 1\r\nTITOLO\r\n 1\r\n\"*(1)*          fine\"\r\n");
+        openFile(file());
+    }
+
+    Files files() const
+    {
+        Files all;
+        for (const auto& entry : fs::directory_iterator(folder_.path()))
+            all[entry.path().filename().string()] = test::bytesOf(entry.path());
+        return all;
+    }
+    void restore(const Files& all) const
+    {
+        for (const auto& [name, bytes] : files()) {
+            if (!all.contains(name)) fs::remove(folder_.path() / name);
+        }
+        for (const auto& [name, bytes] : all)
+            if (test::bytesOf(folder_.path() / name) != bytes) folder_.write(name, bytes);
+    }
+
+    QStringList lines(const char* list)
+    {
+        const QAbstractItemModel& model = *control<QListView>(list).model();
+        QStringList rows;
+        for (int row = 0; row < model.rowCount(); ++row)
+            rows.append(model.index(row, 0).data().toString());
+        return rows;
+    }
+    /// What comes of a file in the window.
+    QStringList shown()
+    {
+        QStringList all = {caption("Label14"), caption("Label3"), caption("Label8"), caption("Label9")};
+        for (int n = 1; control("Command1").isEnabled() && n <= 3; ++n)
+            all.append(value(n));
+        const QAbstractItemModel& grid = *control<QTableView>("MSFlexGrid1").model();
+        if (control("MSFlexGrid1").isVisible()) {
+            for (int row = 0; row < grid.rowCount(); ++row)
+                all.append(grid.index(row, 0).data().toString() + grid.index(row, 1).data().toString());
+        }
+        return all + lines("List1") +
+               QStringList{printed(), control<DocumentEdit>("Textcomunic").toPlainText()};
+    }
+    QStringList errors() const { return dialogs_.messages.filter(QRegularExpression(text("^!"))); }
+
+    void tick(const char* name, bool on = true)
+    {
+        if (item(name).isChecked() != on) choose(name);
+    }
+    void searchAfresh()
+    {
+        click("Command3");
+        dialogs_.yesAnswers = 9;
+        search({{2, "r"}});
+    }
+    void clickHit(int row)
+    {
+        auto& list = control<QListView>("List1");
+        const QPoint line = list.visualRect(list.model()->index(row, 0)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, line);
+    }
+
+    /// Does it once; whether it was done as if nothing had failed.
+    bool isDone(const Journey& journey)
+    {
+        dialogs_.messages.clear();
+        form_->statusBar()->clearMessage();
+        journey.act();
+        if (std::exchange(sourceHarmed_, false)) folder_.write("prova.rec", before_.at("prova.rec"));
+        return errors().isEmpty() && shown() == expected_ && files() == after_;
+    }
+    void begin(const Journey& journey)
+    {
+        before_ = files();
+        journey.prepare();
+        dialogs_.messages.clear();
+        journey.act();
+        EXPECT_EQ(errors(), QStringList()) << journey.name;
+        expected_ = shown();
+        after_ = files();
+    }
+    /// What failed is said, nothing on the disk has changed, and the same can be done at once.
+    void expectSaid(const Journey& journey, const char* description)
+    {
+        if (journey.prefix) {
+            EXPECT_EQ(errors(), QStringList(text(journey.prefix) + text(description)));
+        } else {
+            EXPECT_EQ(errors(), QStringList());
+            EXPECT_TRUE(form_->statusBar()->currentMessage().endsWith(text(description)))
+                << form_->statusBar()->currentMessage().toStdString();
+            // What is on show is of the record whose number is.
+            const QString names[] = {text(""), text("Verdi "), text("Bruni "), text("Rossi ")};
+            EXPECT_TRUE(value(1).isEmpty() || value(1) == names[caption("Label14").toInt()]);
+            EXPECT_TRUE(expected_[expected_.size() - 2].startsWith(printed()));
+        }
+        EXPECT_FALSE(journey.name == std::string("freq") && control("MSFlexGrid1").isVisible());
+        EXPECT_TRUE(files() == before_);
+    }
+
+    /// Every operation in turn.
+    void failEach(const Journey& journey, const Fault& fault)
+    {
+        bool reached = true;
+        for (int n = 1; reached; ++n) {
+            SCOPED_TRACE(std::string(journey.name) + ", " + fault.name + " at operation " +
+                         std::to_string(n));
+            restore(before_);
+            journey.prepare();
+            bool done = false;
+            {
+                FileFaults faults;
+                fault.arrange(faults, n);
+                done = isDone(journey);
+                reached = faults.isReached();
+                points_ += reached ? 1 : 0;
+            }
+            if (fault.changesResult && !done && errors().isEmpty()) {
+                EXPECT_TRUE(files() == before_);
+            } else if (!done) {
+                expectSaid(journey, fault.description);
+            }
+            EXPECT_TRUE(reached || done);
+            restore(before_);
+            const FileFaults none;
+            journey.prepare();
+            EXPECT_TRUE(isDone(journey)) << "afterwards";
+        }
+    }
+    /// The disk is full behind every byte in turn.
+    void fillDisk(const Journey& journey)
+    {
+        constexpr std::size_t kEnough = 2000;
+        bool done = false;
+        for (std::size_t room = 0; !done; ++room) {
+            ASSERT_LT(room, kEnough) << journey.name;
+            SCOPED_TRACE(std::string(journey.name) + ", room for " + std::to_string(room));
+            restore(before_);
+            journey.prepare();
+            FileFaults faults;
+            faults.room = room;
+            ++points_;
+            done = isDone(journey);
+            if (!done) expectSaid(journey, "Disco pieno");
+        }
+    }
+
+    /// At the end of the test: that there was anything to fail.
+    void expectPoints(int least) const
+    {
+        RecordProperty("points", points_);
+        EXPECT_GT(points_, least);
+    }
+
+    const Fault failing_ = {"a failure", [](FileFaults& faults, int n) { faults.at = n, faults.error = EIO; },
+                            "Errore di I/O della periferica"};
+    const Fault vanishing_ = {"the file gone",
+                              [this](FileFaults& faults, int n) {
+                                  faults.at = n;
+                                  faults.before = [this] { sourceHarmed_ = fs::remove(file()); };
+                              },
+                              "Impossibile trovare il file"};
+    const Fault shortened_ = {"the file cut short",
+                              [this](FileFaults& faults, int n) {
+                                  faults.at = n;
+                                  faults.before = [this] {
+                                      sourceHarmed_ = true;
+                                      fs::resize_file(file(), fs::file_size(file()) - 20);
+                                  };
+                              },
+                              "Input oltre la fine del file", true};
+    Files before_;
+    Files after_;
+    QStringList expected_;
+    bool sourceHarmed_ = false;
+    int points_ = 0;
+};
+
+TEST_F(FileFaultsTest, Opening)
+{
+    dialogs_.messages.clear();
+    const QStringList whole = (openFile(file()), shown());
+    QStringList said;
+    bool reached = true;
+    for (int n = 1; reached; ++n) {
+        dialogs_.messages.clear();
+        form_->statusBar()->clearMessage();
+        {
+            FileFaults faults;
+            failing_.arrange(faults, n);
+            openFile(file());
+            reached = faults.isReached();
+        }
+        const QString status = form_->statusBar()->currentMessage();
+        const qsizetype before = said.size();
+        said += errors() + (status.isEmpty() ? QStringList() : QStringList(status));
+        EXPECT_TRUE(shown() == whole || said.size() > before) << n;
+        openFile(file());
+        EXPECT_EQ(shown(), whole) << "afterwards";
+    }
+    const QString error = text(failing_.description);
+    said.removeDuplicates();
+    EXPECT_EQ(said, (QStringList{text("!Errore!! ") + error, text("matrice di stampa non letta: ") + error,
+                                 text("!Errore file !! ") + error}));
+}
+
+/// What is kept beside the file must not give way to an empty matrix only because it could not be read once.
+TEST_F(FileFaultsTest, AMatrixThatWasNotReadIsNotReplaced)
+{
+    const Files before = files();
+    const fs::path matrix = folder_.path() / "prova.mtr";
+    for (int n = 1; n <= 12; ++n) {
+        form_->statusBar()->clearMessage();
+        {
+            FileFaults faults;
+            failing_.arrange(faults, n);
+            openFile(file());
+        }
+        if (!form_->statusBar()->currentMessage().startsWith(text("matrice"))) continue;
+        ++points_;
+        dialogs_.messages.clear();
+        dialogs_.typed = text("3");
+        choose("margstamp");
+        EXPECT_EQ(errors(), QStringList(text("!Errore file !! ") + text(failing_.description))) << n;
+        EXPECT_TRUE(files() == before) << n;
+        // Without it there is nothing to lose.
+        fs::remove(matrix);
+        choose("margstamp");
+        EXPECT_EQ(errors().size(), 1) << n;
+        EXPECT_EQ(test::bytesOf(matrix), "\r\n 3\r\n\"\"\r\n") << n;
+        restore(before);
+    }
+    expectPoints(2);
+}
+
+TEST_F(FileFaultsTest, Reading)
+{
+    for (const Journey& journey : {
+             Journey{"Command1", nullptr, [this] { type("Text1", text("1")); },
+                     [this] { click("Command1"); }},
+             Journey{"Command2", nullptr, [this] { type("Text1", text("3")); },
+                     [this] { click("Command2"); }},
+             Journey{"Text1", nullptr, [this] { type("Text1", text("1")); },
+                     [this] { type("Text1", text("3")); }},
+             Journey{"steps", "!Errore!! ", [this] { tick("elencorekord", false); },
+                     [this] { searchAfresh(); }},
+             Journey{"list", "!Errore!! ", [this] { tick("elencorekord"); }, [this] { searchAfresh(); }},
+             Journey{"hit", "!Errore troppi rekord trovati !! ", [this] { tick("documento"), clickHit(0); },
+                     [this] { clickHit(1); }},
+             Journey{"stamp2", "!Errore!! ", [this] { tick("documento", false), tick("stamp2"); },
+                     [this] { searchAfresh(); }},
+             Journey{"freq", "!Errore!! ", [this] { tick("stamp2", false), tick("freq"); },
+                     [this] { searchAfresh(); }},
+             Journey{"stamp1", nullptr, [this] { tick("freq", false), tick("stamp1"); },
+                     [this] {
+                         type("Text8", text("1"));
+                         type("Text9", text("3"));
+                         QTest::keyClick(&control("Text9"), Qt::Key_Return);
+                     }},
+         }) {
+        begin(journey);
+        failEach(journey, failing_);
+        failEach(journey, vanishing_);
+        failEach(journey, shortened_);
+        restore(before_);
+        FileFaults faults;
+        faults.portion = 1;
+        journey.prepare();
+        EXPECT_TRUE(isDone(journey)) << journey.name << ", byte by byte";
+    }
+    expectPoints(200);
+}
+
+/// Blocks are read ahead by a thread of their own.
+TEST_F(FileFaultsTest, ReadingAhead)
+{
+    auto rec = test::rec({{}, {.length = 70}, {}});
+    for (int i = 0; i < 16000; ++i)
+        rec.record({"x", i % 4000 ? "" : "r", ""});
+    open(rec);
+    const Journey journey = {"many records", "!Errore!! ", [this] { tick("elencorekord"); },
+                             [this] { searchAfresh(); }};
+    begin(journey);
+    failEach(journey, failing_);
+    failEach(journey, shortened_);
+    expectPoints(20);
+}
+
+TEST_F(FileFaultsTest, Writing)
+{
+    const auto creates = [this](const char* mode) {
+        return Journey{mode, "!Errore!! ", [this, mode] { tick("elencorekord"), tick(mode); },
+                       [this] {
+                           dialogs_.filesToSave = QStringList(inFolder("new.rec"));
+                           searchAfresh();
+                       }};
+    };
+    const auto asks = [this](const char* item, const char* answer) {
+        return Journey{item, "!Errore file !! ", [] {},
+                       [this, item, answer] {
+                           dialogs_.typed = text(answer);
+                           choose(item);
+                       }};
+    };
+    for (const Journey& journey : {
+             asks("intestazione", "ELENCO"),
+             asks("margstamp", "3"),
+             Journey{"impmat", "!Errore file !! ", [] {},
+                     [this] {
+                         chooseMatrix({3, 2});
+                     }},
+             Journey{"impostadoc", "!Errore file !! ",
+                     [this] {
+                         dialogs_.yesAnswers = 0;
+                         openFile(file());
+                     },
+                     [this] {
+                         choose("impostadoc");
+                         control<DocumentEdit>("Textcomunic").selectAll();
+                         QTest::keyClicks(&control("Textcomunic"), text("Egregio"));
+                         dialogs_.yesAnswers = 1;
+                         choose("impostadoc");
+                     }},
+             creates("creamat1"),
+             creates("creamatutto"),
+             creates("creamat2"),
+         }) {
+        begin(journey);
+        failEach(journey, failing_);
+        // Now over the file that is there.
+        const bool isNew = before_.size() < after_.size();
+        if (isNew) begin(journey);
+        if (isNew) failEach(journey, failing_);
+        if (!isNew || journey.name == std::string("creamat2")) fillDisk(journey);
+    }
+    expectPoints(400);
+}
+
+}  // namespace
+}  // namespace quorvin
