@@ -76,7 +76,7 @@ COMMANDS
     crea="$bin/quorvin-cli crea $file --quiet --sovrascrivi -c"
     $crea 'COGNOME= ' --ricerca -o "$one"
     $crea 'COGNOME= ' --tutto -o "$old"
-    # What replaces a file is on the disk when the program ends; a copy is not.
+    # A new file is on the disk when the program ends; a copy is not.
     "$bin/compare" <<COMMANDS
 cp	cp $file $new; rm $new
 quorvin-cli crea, every record, all fields	$crea 'COGNOME= ' --tutto -o $new; rm $new
