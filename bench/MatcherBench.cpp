@@ -27,8 +27,8 @@ constexpr Sample kSamples[] = {
     {SearchMode::differs, "differs", "rossi", "Rossi               "},
     {SearchMode::allWords, "allWords", "mario rossi", "Rossi Maria         "},
     {SearchMode::anyWord, "anyWord", "mario rossi", "Bianchi Maria       "},
-    {SearchMode::interval, "interval, number", ">65 <80", " 42"},
-    {SearchMode::interval, "interval, date", ">01/01/2004", "15/06/1999"},
+    {SearchMode::interval, "interval: number", ">65 <80", " 42"},
+    {SearchMode::interval, "interval: date", ">01/01/2004", "15/06/1999"},
 };
 
 void compare(benchmark::State& state, const Sample& sample)
