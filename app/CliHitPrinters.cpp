@@ -1,5 +1,6 @@
 #include "app/CliHitPrinters.h"
 
+#include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -10,16 +11,18 @@ namespace quorvin {
 
 namespace {
 
-/// A value as an item of a row: in quotes, its own ones doubled, when it holds what would end it.
-std::string csvItem(const std::string& value)
+/// Puts the item of a row that begins at `start` in quotes, its own ones doubled, when it holds what would
+/// end it.
+void quoteItem(std::string& row, std::size_t start)
 {
-    if (value.find_first_of(",\"") == std::string::npos) return value;
-    std::string item = "\"";
-    for (const char c : value) {
-        if (c == '"') item += c;
-        item += c;
+    if (std::none_of(row.begin() + static_cast<std::ptrdiff_t>(start), row.end(),
+                     [](char c) { return c == ',' || c == '"'; }))
+        return;
+    for (std::size_t i = row.size(); i-- > start;) {
+        if (row[i] == '"') row.insert(i, 1, '"');
     }
-    return item + '"';
+    row.insert(start, 1, '"');
+    row += '"';
 }
 
 }  // namespace
@@ -27,20 +30,29 @@ std::string csvItem(const std::string& value)
 void CsvPrinter::searchStarts(const SearchQuery&, RecordNumber, RecordNumber)
 {
     const std::vector<std::string> names = fieldLabels(fields_);
-    std::string row = "rekord";
+    row_ = "rekord";
     for (int n = 1; n <= fields_.fieldCount; ++n) {
-        if (fields_.length(n) > 0) row += ',' + csvItem(names[static_cast<std::size_t>(n)]);
+        if (fields_.length(n) == 0) continue;
+        row_ += ',';
+        const std::size_t start = row_.size();
+        row_ += names[static_cast<std::size_t>(n)];
+        quoteItem(row_, start);
     }
-    std::cout << row << '\n';
+    std::cout << row_ << '\n';
 }
 
 void CsvPrinter::hit(RecordScanner& record)
 {
-    std::string row = std::to_string(record.number());
+    row_ = std::to_string(record.number());
     for (int n = 1; n <= fields_.fieldCount; ++n) {
-        if (fields_.length(n) > 0) row += ',' + csvItem(onOneLine(record.fieldValue(n)));
+        if (fields_.length(n) == 0) continue;
+        row_ += ',';
+        const std::size_t start = row_.size();
+        appendOnOneLine(row_, record.fieldValue(n));
+        quoteItem(row_, start);
     }
-    std::cout << row << '\n';
+    row_ += '\n';
+    std::cout << row_;
 }
 
 JsonPrinter::JsonPrinter(const FieldTable& fields) : fields_(fields), names_(fieldLabels(fields)) {}

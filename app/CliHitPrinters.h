@@ -21,6 +21,7 @@ public:
 
 private:
     const FieldTable& fields_;
+    std::string row_;  ///< the last one printed; its memory is used again
 };
 
 /// A JSON array with an object for each hit, on a line of its own.

@@ -1,6 +1,7 @@
 #include "app/CliReport.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -37,6 +38,24 @@ std::string padded(std::string text, std::size_t width)
 Json whole(std::string_view item)
 {
     return static_cast<int>(val(item));
+}
+
+/// Codes that stand for control characters, those that the code page leaves open among them.
+const std::array<bool, 256> kControls = [] {
+    constexpr char32_t kFirstPrintable = 0x20;
+    constexpr char32_t kDelete = 0x7F;
+    constexpr char32_t kLastControl = 0x9F;
+    std::array<bool, 256> table{};
+    for (std::size_t code = 0; code < table.size(); ++code) {
+        const char32_t character = toUnicode(static_cast<char>(code));
+        table[code] = character < kFirstPrintable || (character >= kDelete && character <= kLastControl);
+    }
+    return table;
+}();
+
+bool isControl(char c)
+{
+    return kControls[static_cast<unsigned char>(c)];
 }
 
 constexpr int kIndented = 2;
@@ -169,20 +188,35 @@ std::vector<std::string> fieldLabels(const FieldTable& fields)
 
 std::string printable(std::string_view text)
 {
-    constexpr char32_t kFirstPrintable = 0x20;
-    constexpr char32_t kDelete = 0x7F;
-    constexpr char32_t kLastControl = 0x9F;
-    std::string line(text);
-    for (char& c : line) {
-        const char32_t character = toUnicode(c);
-        if (character < kFirstPrintable || (character >= kDelete && character <= kLastControl)) c = ' ';
+    std::string line;
+    appendPrintable(line, text);
+    return line;
+}
+
+void appendPrintable(std::string& target, std::string_view text)
+{
+    while (!text.empty()) {
+        const auto control = std::find_if(text.begin(), text.end(), isControl);
+        const auto before = static_cast<std::size_t>(control - text.begin());
+        appendUtf8(target, text.substr(0, before));
+        if (before == text.size()) return;
+        target.push_back(' ');
+        text.remove_prefix(before + 1);
     }
-    return toUtf8(line);
 }
 
 std::string onOneLine(std::string_view text)
 {
-    return std::string(rTrim(printable(text)));
+    std::string line;
+    appendOnOneLine(line, text);
+    return line;
+}
+
+void appendOnOneLine(std::string& target, std::string_view text)
+{
+    const auto last =
+        std::find_if(text.rbegin(), text.rend(), [](char c) { return c != ' ' && !isControl(c); });
+    appendPrintable(target, text.substr(0, static_cast<std::size_t>(text.rend() - last)));
 }
 
 void requireOutput()

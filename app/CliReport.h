@@ -32,6 +32,9 @@ std::string recordObject(const FieldTable& fields, const std::vector<std::string
 std::string printable(std::string_view text);
 /// The same without its trailing blanks, those that were printed for something else too.
 std::string onOneLine(std::string_view text);
+/// Both behind what `target` holds; `text` must not be part of it.
+void appendPrintable(std::string& target, std::string_view text);
+void appendOnOneLine(std::string& target, std::string_view text);
 
 /// Raises RuntimeError 61 or 57 when standard output takes no more.
 void requireOutput();

@@ -81,8 +81,13 @@ void checkMode(const CliSearchOptions& options)
 /// Prints and forgets lines.
 void printLines(HitList& hits)
 {
-    for (std::size_t row = 0; row < hits.rowCount(); ++row)
-        std::cout << printable(hits.line(row)) << '\n';
+    std::string line;
+    for (std::size_t row = 0; row < hits.rowCount(); ++row) {
+        line.clear();
+        appendPrintable(line, hits.line(row));
+        line += '\n';
+        std::cout << line;
+    }
     hits.clear();
 }
 

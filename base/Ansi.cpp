@@ -190,9 +190,23 @@ std::string toUtf8(std::string_view ansi)
 {
     std::string out;
     out.reserve(ansi.size());
-    for (const char c : ansi)
-        appendUtf8(out, toUnicode(c));
+    appendUtf8(out, ansi);
     return out;
+}
+
+void appendUtf8(std::string& target, std::string_view ansi)
+{
+    while (!ansi.empty()) {
+        // Nearly all characters stand for themselves.
+        const auto special = std::find_if(
+            ansi.begin(), ansi.end(), [](char c) { return static_cast<unsigned char>(c) >= kFirstSpecial; });
+        const auto plain = static_cast<std::size_t>(special - ansi.begin());
+        target.append(ansi.substr(0, plain));
+        ansi.remove_prefix(plain);
+        if (ansi.empty()) return;
+        appendUtf8(target, toUnicode(ansi.front()));
+        ansi.remove_prefix(1);
+    }
 }
 
 std::string toUtf8(std::u32string_view text)

@@ -17,6 +17,8 @@ void appendUpper(std::string& target, std::string_view text);
 /// Windows-1252 to UTF-8. The five codes that the page leaves open become the control characters of the same
 /// number.
 std::string toUtf8(std::string_view ansi);
+/// The same behind what `target` holds; `ansi` must not be part of it.
+void appendUtf8(std::string& target, std::string_view ansi);
 
 /// UTF-8 to Windows-1252; a character outside the code page, or a damaged sequence, becomes "?". A letter and
 /// the combining mark behind it, as some systems write file names and arguments, become one character.
