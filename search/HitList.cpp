@@ -1,19 +1,11 @@
 #include "search/HitList.h"
 
 #include <algorithm>
-#include <cstring>
 #include <exception>
 
 #include "base/Text.h"
 
 namespace quorvin {
-
-namespace {
-
-/// Holds many lines; none is longer than two fields and their number.
-constexpr std::size_t kBlockBytes = std::size_t{1} << 20;
-
-}  // namespace
 
 void HitList::start(HitListKind kind, std::size_t valueWidth)
 {
@@ -25,8 +17,7 @@ void HitList::start(HitListKind kind, std::size_t valueWidth)
 void HitList::clear()
 {
     lines_ = {};
-    blocks_.clear();
-    used_ = 0;
+    store_.clear();
     longest_ = 0;
     order_.reset();
     sorted_ = false;
@@ -44,38 +35,21 @@ void HitList::add(RecordNumber n, std::string_view startValue, std::string_view 
     }
     scratch_ += ' ';
     scratch_ += rTrim(extra);
+    const std::size_t sortLength = scratch_.size();
     if (kind_ == HitListKind::List2) {
         scratch_ += " [";
         scratch_ += lTrim(str(n));
         scratch_ += ']';
     }
-    store(scratch_);
-}
-
-void HitList::store(std::string_view line)
-{
-    if (blocks_.empty() || kBlockBytes - used_ < line.size()) {
-        blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlockBytes));
-        used_ = 0;
-    }
-    char* place = blocks_.back().get() + used_;
-    std::memcpy(place, line.data(), line.size());
-    used_ += line.size();
-    lines_.emplace_back(place, line.size());
-    longest_ = std::max(longest_, line.size());
-}
-
-std::string_view HitList::sortText(std::size_t line) const
-{
-    // The last bracket is the number's, and a blank stands before it.
-    return lines_[line].substr(0, lines_[line].rfind('[') - 1);
+    lines_.push_back(store_.add(scratch_, sortLength));
+    longest_ = std::max(longest_, scratch_.size());
 }
 
 bool HitList::sort(std::size_t steps)
 {
     if (kind_ != HitListKind::List2 || sorted_) return true;
     try {
-        if (!order_) order_.emplace(lines_.size(), [this](std::size_t line) { return sortText(line); });
+        if (!order_) order_.emplace(lines_);
         sorted_ = order_->run(steps);
     } catch (const std::exception&) {
         giveUpSorting();
@@ -98,7 +72,7 @@ std::size_t HitList::rowCount() const
 
 std::string_view HitList::line(std::size_t row) const
 {
-    return order_ ? lines_[order_->at(row)] : lines_[row];
+    return (order_ ? order_->at(row) : lines_[row]).text();
 }
 
 double recordNumberOf(HitListKind kind, std::string_view line)

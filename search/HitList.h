@@ -4,13 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "rec/RecFormat.h"
+#include "search/LineStore.h"
 #include "search/TextOrder.h"
 
 namespace quorvin {
@@ -20,8 +19,7 @@ enum class HitListKind {
     List2,  ///< value first, in alphabetical order, number in brackets at the end
 };
 
-/// Keeps lines compactly: the texts behind each other in large blocks, at most some 50 bytes a line over its
-/// text. Rows are counted from 0.
+/// Keeps lines compactly: at most some 50 bytes a line over its text. Rows are counted from 0.
 class HitList {
 public:
     /// Characters of the value in a line of List2: usually, and while the lists are wide.
@@ -56,14 +54,10 @@ public:
     std::size_t longestLine() const { return longest_; }
 
 private:
-    void store(std::string_view line);
-    std::string_view sortText(std::size_t line) const;
-
     HitListKind kind_ = HitListKind::List1;
     std::size_t valueWidth_ = kValueWidth;
-    std::deque<std::string_view> lines_;
-    std::vector<std::unique_ptr<char[]>> blocks_;
-    std::size_t used_ = 0;  ///< bytes of the last block
+    LineStore store_;
+    std::deque<LineStore::Line> lines_;  ///< in the order of the records
     std::size_t longest_ = 0;
     std::string scratch_;
     std::optional<TextOrder> order_;  ///< of List2's lines, once it is asked for

@@ -1,8 +1,9 @@
 #include "search/TextOrder.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
-#include <utility>
+#include <string_view>
 
 #include "base/Ansi.h"
 
@@ -21,9 +22,32 @@ constexpr std::size_t kFew = 256;
 /// The end of a text comes before every character; no capital has the highest code, so that there is room.
 constexpr std::uint64_t kTextEnd = 0;
 
+/// By code.
+const std::array<unsigned char, 256> kRanks = [] {
+    std::array<unsigned char, 256> ranks{};
+    for (std::size_t code = 0; code < ranks.size(); ++code)
+        ranks[code] =
+            static_cast<unsigned char>(static_cast<unsigned char>(toUpper(static_cast<char>(code))) + 1);
+    return ranks;
+}();
+
 std::uint64_t rankOf(char c)
 {
-    return std::uint64_t{static_cast<unsigned char>(toUpper(c))} + 1;
+    return kRanks[static_cast<unsigned char>(c)];
+}
+
+/// Ranks of the eight characters from `depth` on.
+std::uint64_t keyOf(std::string_view text, std::size_t depth)
+{
+    std::uint64_t key = 0;
+    if (depth + kCharacters <= text.size()) {
+        for (std::size_t i = 0; i < kCharacters; ++i)
+            key = (key << 8) | rankOf(text[depth + i]);
+        return key;
+    }
+    for (std::size_t i = depth; i < depth + kCharacters; ++i)
+        key = (key << 8) | (i < text.size() ? rankOf(text[i]) : kTextEnd);
+    return key;
 }
 
 bool endsWithin(std::uint64_t key)
@@ -33,28 +57,18 @@ bool endsWithin(std::uint64_t key)
 
 }  // namespace
 
-TextOrder::TextOrder(std::size_t count, std::function<std::string_view(std::size_t)> text) :
-    text_(std::move(text)),
-    items_(count)
+TextOrder::TextOrder(const std::deque<LineStore::Line>& lines) : lines_(lines)
 {
-    for (std::size_t i = 0; i < count; ++i)
-        items_[i].number = i;
-    if (count > 1) unordered_.push_back({0, count, 0});
-}
-
-std::uint64_t TextOrder::keyOf(std::size_t number, std::size_t depth) const
-{
-    const std::string_view text = text_(number);
-    std::uint64_t key = 0;
-    for (std::size_t i = depth; i < depth + kCharacters; ++i)
-        key = (key << 8) | (i < text.size() ? rankOf(text[i]) : kTextEnd);
-    return key;
+    items_.reserve(lines.size());
+    if (lines.size() > 1) unordered_.push_back({0, lines.size(), 0});
 }
 
 bool TextOrder::run(std::size_t steps)
 {
     for (std::size_t done = 0; done < steps; done += kStep) {
-        if (sort_) {
+        if (items_.size() < lines_.size()) {
+            takeSome();
+        } else if (sort_) {
             if (sort_->run(kStep)) sort_.reset();
         } else if (current_.from + loaded_ < current_.to) {
             loadSome();
@@ -74,12 +88,19 @@ bool TextOrder::run(std::size_t steps)
     return false;
 }
 
+void TextOrder::takeSome()
+{
+    const std::size_t to = std::min(items_.size() + kStep, lines_.size());
+    while (items_.size() < to)
+        items_.push_back({0, lines_[items_.size()]});
+}
+
 void TextOrder::loadSome()
 {
     const std::size_t from = current_.from + loaded_;
     const std::size_t to = std::min(from + kStep, current_.to);
     for (std::size_t i = from; i < to; ++i) {
-        items_[i].key = keyOf(items_[i].number, current_.depth);
+        items_[i].key = keyOf(items_[i].line.sortText(), current_.depth);
         ascending_ = ascending_ && (i == current_.from || !(items_[i] < items_[i - 1]));
     }
     loaded_ += to - from;
@@ -110,9 +131,9 @@ void TextOrder::splitSome()
 void TextOrder::sortWhole(const Run& run)
 {
     const auto items = std::span(items_).subspan(run.from, run.to - run.from);
-    std::stable_sort(items.begin(), items.end(), [this, &run](const Item& a, const Item& b) {
-        const std::string_view left = text_(a.number).substr(run.depth);
-        const std::string_view right = text_(b.number).substr(run.depth);
+    std::stable_sort(items.begin(), items.end(), [&run](const Item& a, const Item& b) {
+        const std::string_view left = a.line.sortText().substr(run.depth);
+        const std::string_view right = b.line.sortText().substr(run.depth);
         return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(),
                                             [](char x, char y) { return rankOf(x) < rankOf(y); });
     });

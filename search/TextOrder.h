@@ -1,37 +1,36 @@
-/// Puts many texts into alphabetical order, a little at a time.
+/// Puts many lines into alphabetical order, a little at a time.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <deque>
 #include <optional>
-#include <string_view>
 #include <vector>
 
+#include "search/LineStore.h"
 #include "search/StepwiseSort.h"
 
 namespace quorvin {
 
-/// Orders texts by the capitals of the code page, compared by code; equal texts stay in the order of their
-/// numbers. Eight characters at a time: all texts by their first eight, then those that are alike so far by
-/// the next eight, so that a text is looked at as seldom as can be. Takes 32 bytes a text, half of it until
-/// done.
+/// Orders lines by the capitals of their sort texts in the code page, compared by code; equal ones stay in
+/// the order in which they came. Eight characters at a time: all texts by their first eight, then those that
+/// are alike so far by the next eight, so that a text is looked at as seldom as can be. Takes 32 bytes a
+/// text, half of it until done.
 class TextOrder {
 public:
-    /// `text` gives the text of each number from 0 to `count` - 1; it is asked again and again until all are
-    /// in order.
-    TextOrder(std::size_t count, std::function<std::string_view(std::size_t)> text);
+    /// Neither `lines` nor their store may change until all are in order.
+    explicit TextOrder(const std::deque<LineStore::Line>& lines);
 
     /// Goes on for about `steps` texts; true when all are in order.
     bool run(std::size_t steps);
 
-    /// Number of the text that stands at `place`, from 0; all must be in order.
-    std::size_t at(std::size_t place) const { return items_[place].number; }
+    /// The line that stands at `place`, from 0; all must be in order.
+    LineStore::Line at(std::size_t place) const { return items_[place].line; }
 
 private:
     struct Item {
         std::uint64_t key;  ///< eight characters of the text, the first one highest
-        std::size_t number;
+        LineStore::Line line;
 
         bool operator<(const Item& other) const { return key < other.key; }
     };
@@ -42,12 +41,12 @@ private:
         std::size_t depth;  ///< characters
     };
 
+    void takeSome();
     void loadSome();
     void splitSome();
     void sortWhole(const Run& run);
-    std::uint64_t keyOf(std::size_t number, std::size_t depth) const;
 
-    std::function<std::string_view(std::size_t)> text_;
+    const std::deque<LineStore::Line>& lines_;
     std::vector<Item> items_;
     std::vector<Item> buffer_;
     std::vector<Run> unordered_;
