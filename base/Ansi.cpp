@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace quorvin {
@@ -41,6 +42,30 @@ constexpr auto kCapitals = [] {
         table[c] = capitalOf(c);
     return table;
 }();
+
+/// Characters whose capitals are found at once.
+constexpr std::size_t kStep = 8;
+
+/// Puts the capitals of so many characters at `to`.
+void raiseStep(const char* from, char* to)
+{
+    using Word = std::uint64_t;
+    static_assert(sizeof(Word) == kStep);
+    constexpr Word kEach = 0x0101010101010101U;
+    constexpr Word kHighBits = kEach << 7U;
+    Word word = 0;
+    std::memcpy(&word, from, kStep);
+    if ((word & kHighBits) != 0) {
+        std::transform(from, from + kStep, to, toUpper);
+        return;
+    }
+    // Adding what lacks to the high bit sets it in the bytes from 'a' on, and in those behind 'z'.
+    const Word fromA = word + kEach * (0x80U - 'a');
+    const Word behindZ = word + kEach * (0x80U - 'z' - 1U);
+    constexpr unsigned kToCaseBit = 2;
+    word ^= ((fromA ^ behindZ) & kHighBits) >> kToCaseBit;
+    std::memcpy(to, &word, kStep);
+}
 
 void appendUtf8(std::string& out, char32_t c)
 {
@@ -157,7 +182,16 @@ void appendUpper(std::string& target, std::string_view text)
 {
     const std::size_t before = target.size();
     target.resize(before + text.size());
-    std::transform(text.begin(), text.end(), target.begin() + static_cast<std::ptrdiff_t>(before), toUpper);
+    char* const to = target.data() + before;
+    if (text.size() < kStep) {
+        std::transform(text.begin(), text.end(), to, toUpper);
+        return;
+    }
+    const std::size_t last = text.size() - kStep;
+    for (std::size_t i = 0; i < last; i += kStep)
+        raiseStep(text.data() + i, to + i);
+    // May overlap the one before it.
+    raiseStep(text.data() + last, to + last);
 }
 
 char32_t toUnicode(char c)

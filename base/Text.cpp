@@ -74,13 +74,20 @@ std::optional<double> shortWholeNumber(std::string_view text)
 
 std::string_view lTrim(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view() : text.substr(first);
+    while (text.starts_with(' '))
+        text.remove_prefix(1);
+    return text;
 }
 
 std::string_view rTrim(std::string_view text)
 {
-    return text.substr(0, text.find_last_not_of(' ') + 1);
+    // Fields are filled with blanks: eight at a time, then what is left.
+    constexpr std::string_view kBlanks = "        ";
+    while (text.ends_with(kBlanks))
+        text.remove_suffix(kBlanks.size());
+    while (text.ends_with(' '))
+        text.remove_suffix(1);
+    return text;
 }
 
 std::string_view trim(std::string_view text)
@@ -142,6 +149,7 @@ double val(std::string_view text)
 std::size_t inStr(std::string_view haystack, std::string_view needle)
 {
     if (haystack.empty()) return 0;
+    if (needle.empty()) return 1;
     const std::size_t found = haystack.find(needle);
     return found == std::string_view::npos ? 0 : found + 1;
 }

@@ -79,9 +79,8 @@ void Matcher::joinFieldValue(int field, std::string_view stored)
     appendUpper(fieldValue_[static_cast<std::size_t>(field)], trim(stored));
 }
 
-void Matcher::toglipunti()
+void Matcher::stripPunctuation()
 {
-    if (!eliminapuntegg_) return;
     for (const int field : punctuated_)
         strip(fieldValue_[static_cast<std::size_t>(field)]);
     punctuated_.clear();

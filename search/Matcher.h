@@ -43,7 +43,10 @@ public:
 
     /// When punctuation does not count: takes the marks . , - ; : _ ' and all blanks out of the values set
     /// since the last call and, the first time, out of all search texts. The slash stays, for dates.
-    void toglipunti();
+    void toglipunti()
+    {
+        if (eliminapuntegg_) stripPunctuation();
+    }
 
     /// Reads the search texts as the mode wants them, once per search, when the first record is tested.
     /// Raises RuntimeError 9 for more than SearchWords::kMost words in one of them.
@@ -78,6 +81,7 @@ private:
 
     Query& query(int position) { return queries_[static_cast<std::size_t>(position)]; }
     const Query& query(int position) const { return queries_[static_cast<std::size_t>(position)]; }
+    void stripPunctuation();
     template<class Test>
     void countMatches(Test matches);
 
