@@ -26,6 +26,20 @@ TEST(Ansi, CapitalsAreTheCodePages)
     }
 }
 
+TEST(Ansi, CapitalsDoNotDependOnTheCharactersBesideThem)
+{
+    std::string page;
+    std::string capitals;
+    for (int code = 0; code < 256; ++code) {
+        page.push_back(static_cast<char>(code));
+        capitals.push_back(toUpper(static_cast<char>(code)));
+    }
+    for (std::size_t from = 0; from < page.size(); ++from) {
+        for (const std::size_t length : {7U, 8U, 9U, 23U})
+            ASSERT_EQ(upper(page.substr(from, length)), capitals.substr(from, length)) << from;
+    }
+}
+
 TEST(Ansi, UnicodeBecomesUtf8)
 {
     EXPECT_EQ(toUtf8(U"\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF"),

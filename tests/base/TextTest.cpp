@@ -65,8 +65,10 @@ TEST(Text, TrimsTakeBlanksOnly)
         const char* right;
         const char* both;
     };
-    for (const Case& c : {Case{"  a b ", "a b ", "  a b", "a b"}, Case{"   ", "", "", ""},
-                          Case{"", "", "", ""}, Case{"\ta ", "\ta ", "\ta", "\ta"}}) {
+    for (const Case& c :
+         {Case{"  a b ", "a b ", "  a b", "a b"}, Case{"   ", "", "", ""}, Case{"", "", "", ""},
+          Case{"\ta ", "\ta ", "\ta", "\ta"}, Case{"                 ", "", "", ""},
+          Case{"a        b        ", "a        b        ", "a        b", "a        b"}}) {
         EXPECT_EQ(lTrim(c.text), c.left);
         EXPECT_EQ(rTrim(c.text), c.right);
         EXPECT_EQ(trim(c.text), c.both);
