@@ -137,7 +137,7 @@ writing() {
     crea="crea $file --quiet --sovrascrivi -c"
     "$bin/quorvin-cli" $crea 'COGNOME= ' --ricerca -o "$one"
     "$bin/quorvin-cli" $crea 'COGNOME= ' --tutto -o "$old"
-    # What replaces a file is on the disk when the program ends; a copy is not.
+    # A new file is on the disk when the program ends; a copy is not.
     {
         peer cp "cp" "cp $file $new; rm $new"
         ours "crea, every record, all fields" "$crea 'COGNOME= ' --tutto -o $new; rm $new"

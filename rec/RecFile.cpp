@@ -62,7 +62,11 @@ void RecFile::open(const std::filesystem::path& name)
     dataFileName_ = name;
     RecFileStem_ = stemOf(name);
     file_.open(name);
+    readHeader();
+}
 
+void RecFile::readHeader()
+{
     const std::string line = reader_.readLine(kMaxDefinition).text;
     if (reader_.lineEndBytes() == 1) lineEndBytes_ = 1;
 
@@ -113,6 +117,25 @@ void RecFile::measure()
     count();
 }
 
+/// Whether the file that is open now has its records where those of the measured one are, or none at all.
+bool RecFile::hasSameLayout() const
+{
+    if (file_.size() < dataStart_) return true;
+    RecFile now;
+    now.file_ = file_.duplicate();
+    try {
+        now.readHeader();
+        now.readDefinitions();
+    } catch (const RuntimeError& error) {
+        // A failure of reading tells nothing about the layout.
+        constexpr ErrorNumber kNoDefinitions[] = {ErrorNumber::invalidCall, ErrorNumber::subscript,
+                                                  ErrorNumber::inputPastEnd};
+        if (std::ranges::find(kNoDefinitions, error.number()) == std::end(kNoDefinitions)) throw;
+        return false;
+    }
+    return now.reader_.position() == dataStart_ && now.fields_.fieldLength == fields_.fieldLength;
+}
+
 void RecFile::requireMeasured() const
 {
     if (recordBytes_ == 0) throw RuntimeError(ErrorNumber::divisionByZero);
@@ -129,6 +152,10 @@ void RecFile::recount()
 {
     requireMeasured();
     file_.open(dataFileName_);
+    if (!hasSameLayout()) {
+        file_.close();
+        throw RuntimeError(ErrorNumber::accessError);
+    }
     count();
 }
 

@@ -36,8 +36,9 @@ public:
     void measure();
 
     /// Closes and opens the file again and counts its whole records anew: others may have written to it.
-    /// Raises 11 when the file was never measured; a file that is gone leaves the count as it was and the
-    /// file closed.
+    /// Raises 11 when the file was never measured, and 75 when a file of another layout has taken its place,
+    /// whose records would be cut at the wrong places; a file that is gone leaves the count as it was and
+    /// the file closed.
     void recount();
 
     /// Sets the reading position to record `n`; raises what `positionOf` does.
@@ -94,6 +95,8 @@ public:
     bool impostMaiusc = false;
 
 private:
+    void readHeader();
+    bool hasSameLayout() const;
     void requireMeasured() const;
     void count();
 

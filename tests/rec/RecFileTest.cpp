@@ -208,7 +208,12 @@ TEST_F(RecFileTest, FilesThatOthersChange)
 
     std::filesystem::remove(name);
     EXPECT_EQ(errorOf([&] { file_.recount(); }), 53);
-    write(two.bytes());
+    for (const auto& other : {rec({{.length = 6}}), rec({{.question = "altra domanda"}}), rec({{}, {}})}) {
+        write(test::RecBuilder(other).records(9).bytes());
+        EXPECT_EQ(errorOf([&] { file_.recount(); }), 75) << "its records stand elsewhere";
+        EXPECT_EQ(errorOf([&] { value(1, 1); }), 52) << "and are not read";
+    }
+    write(rec({{.question = "Domanda"}}).records(2).bytes());
     file_.recount();
     EXPECT_EQ(file_.recordCount(), 2);
 }
