@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <span>
 
 #include "tests/app/WindowRules.h"
 #include "tests/search/SlowSearch.h"
@@ -59,7 +60,8 @@ private:
         void (RandomUser::*act)();
         bool withMenus;  ///< also while a menu is open, which takes it then
     };
-    static const Deed kDeeds[];
+    /// All there are; the first opens a file.
+    static std::span<const Deed> deeds();
 
     int below(std::size_t n) { return static_cast<int>(random_() % std::max<std::size_t>(n, 1)); }
     template<class Range>
@@ -67,6 +69,7 @@ private:
     {
         return *std::next(std::begin(range), below(std::size(range)));
     }
+    QString anyText();
     QString path(const QString& name) const;
     void note(const QString& what) { trail_.back() += QLatin1Char(' ') + what; }
 
@@ -91,6 +94,7 @@ private:
     void moveSlider();
     void resizeWindow();
     void typeText();
+    void paste();
     void search();
     void searchAndGoOn();
     void clickHit();
@@ -101,6 +105,7 @@ private:
 
     std::mt19937 random_;
     std::deque<QString> trail_;
+    qsizetype objectsBefore_ = 0;  ///< in the new window
 };
 
 }  // namespace quorvin::test
