@@ -89,7 +89,7 @@ Json recordJson(const FieldTable& fields, const std::vector<std::string>& labels
 {
     Json values = Json::object();
     for (int n = 1; n <= fields.fieldCount; ++n) {
-        if (fields.length(n) > 0) values[labels[static_cast<std::size_t>(n)]] = toUtf8(rTrim(value(n)));
+        if (fields.length(n) > 0) values[labels[static_cast<std::size_t>(n)]] = onOneLine(value(n));
     }
     return Json{{"rekord", number}, {"cancellato", deleted}, {"campi", std::move(values)}};
 }

@@ -42,6 +42,8 @@ expect(0 "^rekord,NOME,ETA,#3\n1,Rossi,66,\"a;\"\"b\"\n2,De Rosa,70,a b\n$" cerc
 expect(0 "{\"rekord\":3,\"cancellato\":true,\"campi\":{\"NOME\":\"Verdi\",\"ETA\":\"66\",\"#3\":\"\"}}\n[]]\n$" cerca ${rec} -c NOME=verdi --formato json)
 expect(0 "^$" cerca ${rec} -c NOME=ros --quiet)
 expect(0 "^$" cerca ${rec} -c NOME=ros --quiet --formato json)
+file(WRITE ${WORK}/tab.rec "1 1\r\n_A            1   1  30   5   1   1   5 112 a\r\na\tb  !\r\n")
+expect(0 "\"A\":\"a b\"" cerca ${WORK}/tab.rec -c A= --formato json)
 expect(0 "^ 2. DE ROSA \n$" cerca ${rec} -c NOME=ros --da 02 --maiuscolo)
 expect(1 "^$" cerca ${rec} -c NOME=ros --da 99)
 expect(1 "^$" cerca ${rec} -c NOME=verdi --norec)
