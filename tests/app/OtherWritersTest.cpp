@@ -12,33 +12,31 @@
 
 #include <QAction>
 #include <QElapsedTimer>
-#include <QLineEdit>
 #include <QListView>
-#include <QPlainTextEdit>
 #include <QProcess>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QTableView>
 #include <QTest>
+#include <numeric>
 #include <random>
 
-#include "base/RuntimeError.h"
 #include "output/DocumentEdit.h"
-#include "rec/RecFile.h"
+#include "tests/output/OutputFixture.h"
+#include "tests/support/PlainRec.h"
 #include "tests/support/ProvenRecord.h"
-#include "tests/support/WindowTest.h"
 
 namespace quorvin {
 namespace {
 
 using test::isProven;
+using test::text;
 
-QString text(const char* latin)
-{
-    return QString::fromLatin1(latin);
-}
+struct Writers {
+    const char* records;  ///< that they keep, about
+    const char* files;    ///< "same" or "other"
+};
 
-class OtherWritersTest : public test::WindowTest {
+class OtherWritersTest : public test::OutputTest, public testing::WithParamInterface<Writers> {
 protected:
     OtherWritersTest()
     {
@@ -55,85 +53,67 @@ protected:
         choose("preferenze");
         click("Check2");
         choose("preferenze");
-        dialogs_.whileAsking = [this] { checkBoxes(true); };
+        dialogs_.whileAsking = [this] {
+            EXPECT_FALSE(boxes().empty());
+            checkBoxes();
+        };
+        writer_.start(text(REC_WRITER_STUB), {QString::fromStdString(file().string()),
+                                              text(GetParam().records), text(GetParam().files)});
     }
 
-    ~OtherWritersTest() override
+    /// Does one thing after the other, for a while or as many seconds as the environment asks for.
+    void work()
     {
-        if (writer_.state() != QProcess::NotRunning) stopWriter();
-    }
-
-    void startWriter(unsigned records, const char* files)
-    {
-        writer_.start(text(REC_WRITER_STUB), {QString::fromStdString(file().string()), text("7"),
-                                              QString::number(records), text(files)});
-        ASSERT_TRUE(writer_.waitForStarted());
-    }
-    /// Leaves the numbers it tells in `told_`.
-    void stopWriter()
-    {
-        writer_.closeWriteChannel();
-        EXPECT_TRUE(writer_.waitForFinished(60000));
-        told_ = QString::fromLatin1(writer_.readAllStandardOutput()).split(QLatin1Char(' '));
-        EXPECT_EQ(writer_.exitCode(), 0);
-        ASSERT_GE(told_.size(), 2);
-    }
-
-    /// Does one thing after the other, for a few seconds or as many as the environment asks for.
-    void work(bool proven)
-    {
-        proven_ = proven;
         using Act = void (OtherWritersTest::*)();
         const std::pair<const char*, Act> acts[] = {
-            {"step", &OtherWritersTest::step},         {"go", &OtherWritersTest::go},
-            {"hold", &OtherWritersTest::hold},         {"list", &OtherWritersTest::list},
-            {"stepwise", &OtherWritersTest::stepwise}, {"count", &OtherWritersTest::count},
-            {"print", &OtherWritersTest::print},       {"interval", &OtherWritersTest::interval},
-            {"write", &OtherWritersTest::write},       {"reopen", &OtherWritersTest::reopen},
+            {"move", &OtherWritersTest::move},   {"list", &OtherWritersTest::list},
+            {"steps", &OtherWritersTest::steps}, {"count", &OtherWritersTest::count},
+            {"print", &OtherWritersTest::print}, {"write", &OtherWritersTest::write},
         };
         const int seconds = qEnvironmentVariableIntValue("QUORVIN_WRITERS_SECONDS");
         QElapsedTimer time;
         time.start();
-        while (time.elapsed() < 1000 * (seconds > 0 ? seconds : 3) && !HasFailure()) {
+        while (time.elapsed() < (seconds > 0 ? 1000 * seconds : 1500) && !HasFailure()) {
             const auto& [name, act] = acts[below(std::size(acts))];
             const testing::ScopedTrace trace(__FILE__, __LINE__, name);
             click("Command3");
             (this->*act)();
             most_ = std::max(most_, caption("Label9").toInt());
-            ++done_[name];
         }
     }
 
     /// What the window shows once nobody writes any more.
     void checkRest()
     {
-        stopWriter();
+        writer_.closeWriteChannel();
+        ASSERT_TRUE(writer_.waitForFinished());
+        const QStringList told = text(writer_.readAllStandardOutput()).split(QLatin1Char(' '));
+        ASSERT_EQ(told.size(), 2);
         if (proven_) {
-            EXPECT_LE(most_, told_[1].toInt());
+            EXPECT_LE(most_, told[1].toInt());
+            EXPECT_GT(proofs_, 100);
         } else {
-            reopen();
+            openFile(file());
         }
         proven_ = true;
-        const QString last = told_[0];
         click("Command3");
-        type("Text1", last);
-        EXPECT_EQ(caption("Label9").trimmed(), last);
-        EXPECT_TRUE(isProven(boxes(), last.toUInt())) << boxes();
+        type("Text1", told[0]);
+        EXPECT_EQ(caption("Label9").trimmed(), told[0]);
+        EXPECT_TRUE(isProven(boxes(), told[0].toUInt())) << boxes();
         EXPECT_NE(test::bytesOf(file()).find(value(1).toStdString()), std::string::npos) << "no longer there";
-        choose("elencorekord");
-        find({1, 4});
-        EXPECT_EQ(caption("Label3").trimmed(), last);
-        checkLines();
-        choose("elencorekord");
-        std::cout << "writer: " << told_.join(text(" ")).toStdString() << "window:";
-        for (const auto& [name, times] : done_)
-            std::cout << ' ' << name << ' ' << times;
-        std::cout << " proofs " << proofs_ << " blanks " << blanks_ << " boxes " << dialogs_.messages.size()
-                  << " most " << most_ << '\n';
+        in({"elencorekord"}, [&] {
+            search({{4, "v"}, {1, "v"}});
+            checkLines();
+            EXPECT_EQ(caption("Label3").trimmed(), told[0]);
+        });
     }
+
+    QProcess writer_;
 
 private:
     int below(std::size_t end) { return static_cast<int>(random_() % end); }
+    /// Of about one record in five, or of all.
+    const char* pattern() { return below(4) == 0 ? "7" : "v"; }
 
     // What stands there
 
@@ -152,16 +132,11 @@ private:
         return test::token(number, plain.mid(7, 7).toUInt()) == plain.toStdString() ? number : 0;
     }
     /// A record as a whole under its number; or nothing, where nothing could be read.
-    void checkBoxes(bool shown = false)
+    void checkBoxes()
     {
         const std::string all = boxes();
-        if (all.empty()) {
-            ++blanks_;
-            EXPECT_FALSE(shown);
-        } else {
-            prove(isProven(all, caption("Label14").toUInt()),
-                  caption("Label14") + text(": ") + QString::fromStdString(all));
-        }
+        if (!all.empty())
+            prove(isProven(all, caption("Label14").toUInt()), caption("Label14") + text(all.c_str()));
     }
     /// One token, as often as expected, with this number.
     void checkTokens(const QString& words, int times, unsigned number)
@@ -175,10 +150,10 @@ private:
         prove(same && number != 0 && numberOf(found.first()) == number, words);
     }
 
-    const char* listName() { return item("sort").isChecked() ? "List2" : "List1"; }
+    QListView& shownList() { return control<QListView>(item("sort").isChecked() ? "List2" : "List1"); }
     void checkLines()
     {
-        const QAbstractItemModel& model = *control<QListView>(listName()).model();
+        const QAbstractItemModel& model = *shownList().model();
         static const QRegularExpression number(text("^ (\\d+)\\.|\\[(\\d+)\\]$"));
         for (int row = 0; row < model.rowCount() && !HasFailure(); ++row) {
             const QString line = model.index(row, 0).data().toString();
@@ -189,59 +164,43 @@ private:
 
     // What is done
 
-    void find(const std::vector<int>& fields)
+    /// With these menu items ticked.
+    void in(const std::vector<const char*>& items, const std::function<void()>& act)
     {
-        std::vector<std::pair<int, const char*>> criteria;
-        for (auto field = fields.rbegin(); field != fields.rend(); ++field)
-            criteria.emplace_back(*field, *field == 3 ? "k" : below(4) == 0 ? "7" : "v");
-        if (told_.size() > 1)
-            for (auto& [field, pattern] : criteria)
-                pattern = "v";
-        search(criteria);
+        for (const char* name : items)
+            choose(name);
+        act();
+        for (const char* name : items)
+            if (item(name).isChecked()) choose(name);
     }
-
-    void step()
+    void move()
     {
-        type("Text1", QString::number(most_));
+        type("Text1", QString::number(1 + below(2 * static_cast<std::size_t>(most_) + 2)));
+        checkBoxes();
         // Mostly backwards, over the place where the file may have been cut meanwhile.
-        for (int times = 60; times > 0; --times) {
+        for (int times = 30; times > 0; --times) {
             click("Command3");
             click(below(6) == 0 ? "Command1" : "Command2");
             checkBoxes();
         }
     }
-    void go()
-    {
-        for (int times = 1 + below(10); times > 0; --times) {
-            click("Command3");
-            type("Text1", QString::number(1 + below(2 * static_cast<std::size_t>(most_) + 2)));
-            checkBoxes();
-        }
-    }
-    void hold()
-    {
-        auto& button = control<QPushButton>(below(2) == 0 ? "Command1" : "Command2");
-        QTest::mousePress(&button, Qt::LeftButton);
-        QTest::qWait(160);
-        QTest::mouseRelease(&button, Qt::LeftButton);
-        checkBoxes();
-    }
     /// Lists hits and clicks on some of them, with a document or without.
     void list()
     {
-        choose("elencorekord");
         if (below(2) == 0) choose("sort");
-        find({1, 4});
-        checkLines();
-        const bool filled = below(2) == 0;
-        if (filled) choose("documento");
-        auto& view = control<QListView>(listName());
-        const auto rows = static_cast<std::size_t>(view.model()->rowCount());
+        in({"elencorekord"}, [this] {
+            search({{4, pattern()}, {1, pattern()}});
+            checkLines();
+            below(2) == 0 ? clickHits(false) : in({"documento"}, [this] { clickHits(true); });
+        });
+    }
+    void clickHits(bool filled)
+    {
+        QListView& view = shownList();
+        const int rows = view.model()->rowCount();
         for (int times = 30; times > 0 && rows > 0; --times) {
             // Those at the end are the first to be cut.
-            const int row = below(2) == 0
-                                ? below(rows)
-                                : static_cast<int>(rows) - 1 - below(std::min<std::size_t>(rows, 4));
+            const int row = std::max(0, rows - 1 - below(below(2) == 0 ? static_cast<std::size_t>(rows) : 4));
             const QModelIndex line = view.model()->index(row, 0);
             view.scrollTo(line);
             QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
@@ -252,130 +211,73 @@ private:
                 checkTokens(control<DocumentEdit>("Textcomunic").toPlainText(), 2,
                             caption("Label14").toUInt());
         }
-        if (filled) choose("documento");
-        choose("elencorekord");
     }
-    void stepwise()
+    void steps()
     {
         dialogs_.yesAnswers = below(6);
-        find({1, 4});
+        search({{4, pattern()}, {1, pattern()}});
         dialogs_.yesAnswers = 0;
     }
     void count()
     {
-        const char* mode = below(2) == 0 ? "freq" : "tabella";
-        choose("elencorekord");
-        choose(mode);
-        find({1, 3});
-        const QAbstractItemModel& grid = *control<QTableView>("MSFlexGrid1").model();
-        for (int row = 1; row < grid.rowCount() && !HasFailure(); ++row) {
-            const QString key = grid.index(row, 0).data().toString();
-            if (key.startsWith(QLatin1Char('Z'))) break;
-            checkTokens(key, 1, numberOf(key.trimmed()));
-            prove(grid.index(row, grid.columnCount() - 1).data().toString() == text("1"),
-                  key + text(" once"));
-        }
-        choose(mode);
-        choose("elencorekord");
-    }
-    void checkPrint()
-    {
-        QStringList records =
-            control<QPlainTextEdit>("Text5").toPlainText().split(QString(78, QLatin1Char('<')));
-        records.removeLast();
-        for (const QString& record : records) {
-            const QStringList lines = record.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-            QString all;
-            for (const QString& line : lines.mid(lines.size() - 4))
-                all += line.mid(2);
-            prove(isProven(all.toStdString()), record);
-        }
+        in({"elencorekord", below(2) == 0 ? "freq" : "tabella"}, [this] {
+            search({{3, "k"}, {1, pattern()}});
+            const QAbstractItemModel& grid = *control<QTableView>("MSFlexGrid1").model();
+            for (int row = 1; row < grid.rowCount() && !HasFailure(); ++row) {
+                const QString key = grid.index(row, 0).data().toString();
+                if (key.startsWith(QLatin1Char('Z'))) break;
+                checkTokens(key, 1, numberOf(key.trimmed()));
+                prove(grid.index(row, grid.columnCount() - 1).data() == text("1"), key + text(" once"));
+            }
+        });
     }
     void print()
     {
-        choose("elencorekord");
-        choose("stamp2");
-        find({1, 4});
-        checkPrint();
-        choose("stamp2");
-        choose("elencorekord");
-    }
-    void interval()
-    {
-        choose("stamp1");
-        type("Text8", text("1"));
-        type("Text9", QString::number(1 + below(300)));
-        QTest::keyClick(&control("Text9"), Qt::Key_Return);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return caption("Label16") != text("  ...stampa in corso"); }));
-        checkPrint();
-        choose("stamp1");
+        in({"elencorekord", "stamp2"}, [this] {
+            search({{4, pattern()}, {1, pattern()}});
+            QStringList records = printed().split(QString(78, QLatin1Char('<')));
+            records.removeLast();
+            for (const QString& record : records) {
+                const QStringList lines = record.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+                QString all;
+                for (const QString& line : lines.mid(lines.size() - 4))
+                    all += line.mid(2);
+                prove(isProven(all.toStdString()), record);
+            }
+        });
     }
     void write()
     {
-        const std::filesystem::path name = folder_.path() / "new.rec";
-        std::filesystem::remove(name);
-        choose("elencorekord");
-        choose("creamatutto");
-        dialogs_.filesToSave = QStringList(QString::fromStdString(name.string()));
-        find({1, 4});
-        if (std::filesystem::exists(name)) checkWritten(name);
-        if (item("creamatutto").isChecked()) choose("creamatutto");
-        choose("elencorekord");
-    }
-    void checkWritten(const std::filesystem::path& name)
-    {
-        RecFile written;
-        written.open(name);
-        written.readDefinitions();
-        try {
-            written.measure();
-        } catch (const RuntimeError& none) {
-            EXPECT_EQ(none.number(), ErrorNumber::divisionByZero);
-        }
-        for (RecordNumber n = 1; n <= written.recordCount() && !HasFailure(); ++n) {
-            written.seek(n);
-            written.caricastring();
-            // Its mark stands within the last line's first characters.
-            const std::string text = written.recordText();
-            prove(isProven(text.substr(0, text.size() - 1)), QString::fromStdString(text));
-        }
-    }
-    void reopen()
-    {
-        for (int times = 10; times > 0; --times) {
-            do {
-                openFile(file());
-            } while (caption("Label9").isEmpty());
-            click("Command1");
-            checkBoxes();
+        std::filesystem::remove(folder_.path() / "new.rec");
+        dialogs_.filesToSave = QStringList(inFolder("new.rec"));
+        in({"elencorekord", "creamatutto"}, [this] { search({{4, pattern()}, {1, pattern()}}); });
+        const std::string bytes = test::bytesOf(folder_.path() / "new.rec");
+        if (bytes.empty()) return;
+        const test::PlainRec written(bytes);
+        for (std::size_t n = 1; n <= written.count() && !HasFailure(); ++n) {
+            const std::vector<std::string> values = written.record(n);
+            const std::string all = std::accumulate(values.begin() + 1, values.end(), std::string());
+            prove(isProven(all), text(all.c_str()));
         }
     }
 
-    QProcess writer_;
-    QStringList told_;
     std::mt19937 random_{11};
-    std::map<std::string, int> done_;
-    bool proven_ = true;
+    bool proven_ = GetParam().files == std::string("same");
     int most_ = 1;
     int proofs_ = 0;
-    int blanks_ = 0;
 };
 
-TEST_F(OtherWritersTest, NoRecordThatNobodyWrote)
+TEST_P(OtherWritersTest, NoRecordThatNobodyWrote)
 {
-    for (const unsigned records : {40U, 15000U}) {
-        startWriter(records, "same");
-        work(true);
-        checkRest();
-    }
-}
-
-TEST_F(OtherWritersTest, AFileOfAnotherKindBreaksNothing)
-{
-    startWriter(40, "other");
-    work(false);
+    ASSERT_TRUE(writer_.waitForStarted());
+    work();
     checkRest();
 }
+
+INSTANTIATE_TEST_SUITE_P(Writers, OtherWritersTest,
+                         testing::Values(Writers{"40", "same"}, Writers{"15000", "same"},
+                                         Writers{"40", "other"}),
+                         [](const auto& it) { return std::string(it.param.files) + it.param.records; });
 
 }  // namespace
 }  // namespace quorvin

@@ -1,14 +1,12 @@
 #include "base/OutputFile.h"
 
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <memory>
-#include <set>
+#include <functional>
 
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/FileFaults.h"
@@ -18,17 +16,8 @@ namespace quorvin {
 namespace {
 
 namespace fs = std::filesystem;
-using test::bytesOf;
 using test::errorOf;
-using Names = std::set<std::string>;
-
-Names namesIn(const fs::path& folder)
-{
-    Names names;
-    for (const auto& entry : fs::directory_iterator(folder))
-        names.insert(entry.path().filename().string());
-    return names;
-}
+using test::Files;
 
 class OutputFileTest : public testing::Test {
 protected:
@@ -44,6 +33,24 @@ protected:
             file.commit();
         });
     }
+    /// Saves as one of the files that are there, or without any, while operation after operation meets
+    /// something; `one` tells whether there were so many.
+    void saveOverAndOver(const std::function<bool(const Files&, test::FileFaults&)>& one)
+    {
+        for (const Files& before : {Files{}, Files{{"file", "old"}}}) {
+            bool reached = true;
+            for (int n = 1; reached; ++n) {
+                SCOPED_TRACE("operation " + std::to_string(n) + (before.empty() ? ", new" : ""));
+                fs::remove(path("file"));
+                for (const auto& [name, bytes] : before)
+                    folder_.write(name, bytes);
+                test::FileFaults faults;
+                faults.at = n;
+                reached = one(before, faults);
+            }
+            EXPECT_EQ(folder_.files(), (Files{{"file", large_}}));
+        }
+    }
 
     test::TempFolder folder_;
     const std::string large_ = std::string(600'000, 'x');
@@ -53,7 +60,7 @@ TEST_F(OutputFileTest, NothingShowsBeforeTheEnd)
 {
     folder_.write("old", "old");
     for (const char* name : {"old", "new"}) {
-        const std::string before = bytesOf(path(name));
+        const std::string before = test::bytesOf(path(name));
         OutputFile file;
         file.open(path(name));
         std::string all;
@@ -63,16 +70,15 @@ TEST_F(OutputFileTest, NothingShowsBeforeTheEnd)
             all += part;
         }
         file.write(all);
-        EXPECT_EQ(bytesOf(path(name)), before);
+        EXPECT_EQ(test::bytesOf(path(name)), before);
         file.commit();
-        EXPECT_TRUE(bytesOf(path(name)) == all + all) << name;
+        EXPECT_TRUE(test::bytesOf(path(name)) == all + all) << name;
     }
     const fs::path here = fs::current_path();
     fs::current_path(folder_.path());
-    EXPECT_EQ(save("old"), 0) << "a name without a folder";
+    EXPECT_EQ(save("old") + save("new"), 0) << "names without a folder";
     fs::current_path(here);
-    EXPECT_EQ(bytesOf(path("old")), "new");
-    EXPECT_EQ(namesIn(folder_.path()), (Names{"new", "old"}));
+    EXPECT_EQ(folder_.files(), (Files{{"old", "new"}, {"new", "new"}}));
 }
 
 TEST_F(OutputFileTest, FilesThatAreGivenUp)
@@ -84,41 +90,35 @@ TEST_F(OutputFileTest, FilesThatAreGivenUp)
     file.open(path("new"));
     file.write("new");
     file.commit();
-    EXPECT_EQ(bytesOf(path("new")), "new") << "with nothing of the one begun before";
     file.open(path("old"));
     file.write(large_);
     file.discard();
     EXPECT_EQ(errorOf([&] { file.write("x"); }), 52);
     EXPECT_EQ(errorOf([&] { file.commit(); }), 52);
-    {
-        OutputFile other;
-        other.open(path("old"));
-        other.write(large_);
-    }
-    EXPECT_EQ(namesIn(folder_.path()), (Names{"new", "old"}));
-    EXPECT_EQ(bytesOf(path("old")), "old");
+    EXPECT_EQ(folder_.files(), (Files{{"old", "old"}, {"new", "new"}}));
 }
 
 TEST_F(OutputFileTest, TargetsThatAreRefused)
 {
+    const Files before = {{"file", "old"}};
     folder_.write("file", "old");
     fs::create_directory(path("folder"));
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     fs::create_symlink("folder", path("to folder"));
     fs::create_symlink("second", path("first"));
     fs::create_symlink("first", path("second"));
-    const Names before = namesIn(folder_.path());
-    struct Case {
-        fs::path target;
-        int error;
-    };
-    for (const Case& c : {Case{path("none/a"), 76}, Case{path("file/a"), 76}, Case{path("folder"), 75},
-                          Case{path("pipe"), 75}, Case{path("to folder"), 75}, Case{path("first"), 75},
-                          Case{path(std::string(300, 'x')), 52}, Case{{}, 52}}) {
-        OutputFile file;
-        EXPECT_EQ(errorOf([&] { file.open(c.target); }), c.error) << c.target;
-    }
-    EXPECT_EQ(namesIn(folder_.path()), before);
+    const std::pair<fs::path, int> cases[] = {{path("none/a"), 76},
+                                              {path("file/a"), 76},
+                                              {path("folder"), 75},
+                                              {path("pipe"), 75},
+                                              {path("to folder"), 75},
+                                              {path(std::string(300, 'x')), 52},
+                                              {{}, 52}};
+    for (const auto& [target, error] : cases)
+        EXPECT_EQ(save(target), error) << target;
+    EXPECT_EQ(save(path("first")), 75) << "links in a circle";
+    fs::remove(path("first"));
+    EXPECT_EQ(folder_.files(), before);
 }
 
 TEST_F(OutputFileTest, WithoutTheRightToWrite)
@@ -129,15 +129,14 @@ TEST_F(OutputFileTest, WithoutTheRightToWrite)
     constexpr uid_t kNobody = 65534;
     const bool root = ::geteuid() == 0;
     ASSERT_EQ(root ? ::chown(folder_.path().c_str(), kNobody, kNobody) + ::seteuid(kNobody) : 0, 0);
-    EXPECT_EQ(save(file), 75);
-    fs::permissions(folder_.path(), fs::perms{0555});
-    EXPECT_EQ(save(path("new")), 75);
-    fs::permissions(folder_.path(), fs::perms{0});
-    EXPECT_EQ(save(path("new")), 75) << "not even a look into the folder";
+    EXPECT_EQ(save(file), 75) << "though its folder would let it be replaced";
+    for (const unsigned rights : {0555U, 0U}) {
+        fs::permissions(folder_.path(), fs::perms{rights});
+        EXPECT_EQ(save(path("new")), 75) << rights;
+    }
     fs::permissions(folder_.path(), fs::perms{0755});
     ASSERT_EQ(root ? ::seteuid(0) : 0, 0);
-    EXPECT_EQ(namesIn(folder_.path()), Names{"file"});
-    EXPECT_EQ(bytesOf(file), "old");
+    EXPECT_EQ(folder_.files(), (Files{{"file", "old"}}));
 }
 
 TEST_F(OutputFileTest, LinksStayAndLeadToTheNewFile)
@@ -148,12 +147,14 @@ TEST_F(OutputFileTest, LinksStayAndLeadToTheNewFile)
     fs::create_symlink(path("first"), path("second"));
     fs::create_symlink("there/none", path("dangling"));
     EXPECT_EQ(save(path("second")), 0);
-    EXPECT_EQ(save(path("dangling")), 0);
-    EXPECT_EQ(bytesOf(path("there/old")), "new");
-    EXPECT_EQ(bytesOf(path("there/none")), "new");
+    EXPECT_EQ(save(path("dangling"), "none"), 0);
     for (const char* link : {"first", "second", "dangling"})
         EXPECT_TRUE(fs::is_symlink(path(link))) << link;
-    EXPECT_EQ(namesIn(path("there")), (Names{"none", "old"}));
+    EXPECT_EQ(folder_.files(), (Files{{"there/old", "new"},
+                                      {"first", "new"},
+                                      {"second", "new"},
+                                      {"there/none", "none"},
+                                      {"dangling", "none"}}));
 }
 
 TEST_F(OutputFileTest, RightsOfAReplacedFileStay)
@@ -178,122 +179,76 @@ TEST_F(OutputFileTest, ChangesMeanwhile)
         int error;
         const char* after;
     };
+    Files expected;
     for (const Case& c :
          {Case{"appeared", nullptr, "other", 75, "other"}, Case{"other", "old", "other", 75, "other"},
           Case{"gone", "old", nullptr, 0, "new"}, Case{"same", "old", "old", 0, "new"}}) {
-        const fs::path target = path(c.name);
         if (c.before) folder_.write(c.name, c.before);
         OutputFile file;
-        file.open(target);
+        file.open(path(c.name));
         file.write("new");
-        const std::string now = c.meanwhile ? c.meanwhile : "";
-        if (now != "old" && c.before) fs::remove(target);
-        if (now == "other") folder_.write(c.name, now);
+        if (c.before != c.meanwhile) fs::remove(path(c.name));
+        if (c.meanwhile) folder_.write(c.name, c.meanwhile);
         EXPECT_EQ(errorOf([&] { file.commit(); }), c.error) << c.name;
-        EXPECT_EQ(bytesOf(target), c.after) << c.name;
+        expected[c.name] = c.after;
     }
-    EXPECT_EQ(namesIn(folder_.path()), (Names{"appeared", "gone", "other", "same"}));
-
     fs::create_directory(path("there"));
-    OutputFile file;
-    file.open(path("there/new"));
-    fs::create_directory(path("there/new"));
-    EXPECT_EQ(errorOf([&] { file.commit(); }), 75);
-    EXPECT_EQ(namesIn(path("there")), Names{"new"});
-    file.open(path("there/other"));
-    fs::remove_all(path("there"));
-    EXPECT_EQ(errorOf([&] { file.commit(); }), 76);
-    EXPECT_FALSE(file.isOpen());
-}
-
-TEST_F(OutputFileTest, AFullDisk)
-{
-    const fs::path disk = path("disk");
-    fs::create_directory(disk);
-    if (::mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
-        GTEST_SKIP() << "this user may not mount a disk";
-    const std::shared_ptr<void> atEnd(nullptr, [&](void*) { ::umount(disk.c_str()); });
-    const auto file = folder_.write("disk/file", "old");
-    for (const std::size_t bytes : {100'000U, 600'000U}) {
-        EXPECT_EQ(save(file, std::string(bytes, 'x')), 61) << bytes;
-        EXPECT_EQ(bytesOf(file), "old") << bytes;
-        EXPECT_EQ(namesIn(disk), Names{"file"}) << bytes;
+    for (const int error : {75, 76}) {
+        OutputFile file;
+        file.open(path("there/new"));
+        error == 75 ? fs::create_directory(path("there/new")) : fs::remove_all(path("there")) > 0;
+        EXPECT_EQ(errorOf([&] { file.commit(); }), error);
+        fs::remove(path("there/new"));
     }
-    EXPECT_EQ(save(file), 0);
+    EXPECT_EQ(folder_.files(), expected);
 }
 
 /// Whatever fails, the target is the old file or the new one, and nothing else is left.
 TEST_F(OutputFileTest, EveryOperationFails)
 {
-    for (const std::string before : {"", "old"}) {
-        for (const auto& [fault, number] : {std::pair(EIO, 57), {ENOSPC, 61}, {EACCES, 75}}) {
-            bool reached = true;
-            for (int n = 1; reached; ++n) {
-                before.empty() ? void(fs::remove(path("file"))) : void(folder_.write("file", before));
-                test::FileFaults faults;
-                faults.at = n;
-                faults.error = fault;
-                const int error = save(path("file"), large_);
-                reached = faults.isReached();
-                SCOPED_TRACE(before + ", error " + std::to_string(fault) + " of operation " +
-                             std::to_string(n));
-                EXPECT_TRUE(error == 0 || error == number) << error;
-                EXPECT_TRUE(bytesOf(path("file")) == (error == 0 ? large_ : before));
-                EXPECT_TRUE(reached || error == 0);
-                EXPECT_FALSE(faults.isNamedTooEarly()) << "what has a name outlives a loss of power";
-                EXPECT_EQ(namesIn(folder_.path()), error == 0 || !before.empty() ? Names{"file"} : Names{});
-            }
-        }
+    for (const auto& [fault, number] : {std::pair(EIO, 57), {ENOSPC, 61}, {EACCES, 75}}) {
+        saveOverAndOver([&](const Files& before, test::FileFaults& faults) {
+            faults.error = fault;
+            const int error = save(path("file"), large_);
+            EXPECT_TRUE(error == 0 || (error == number && faults.isReached())) << error;
+            EXPECT_TRUE(folder_.files() == (error == 0 ? Files{{"file", large_}} : before)) << fault;
+            EXPECT_FALSE(faults.isNamedTooEarly()) << "what has a name outlives a loss of power";
+            return faults.isReached();
+        });
     }
 }
 
 TEST_F(OutputFileTest, ADiskFullAtEveryByte)
 {
-    const auto file = folder_.write("file", "old");
     std::string all;
     for (char c = ' '; c < 'z'; ++c)
         all += c;
     for (const std::size_t portion : {std::size_t{7}, test::FileFaults::kAll}) {
+        folder_.write("file", "old");
         for (std::size_t room = 0; room <= all.size(); ++room) {
             test::FileFaults faults;
             faults.room = room;
             faults.portion = portion;
-            EXPECT_EQ(save(file, all), room < all.size() ? 61 : 0) << room;
-            EXPECT_EQ(bytesOf(file), room < all.size() ? "old" : all) << room;
-            EXPECT_EQ(namesIn(folder_.path()), Names{"file"}) << room;
+            EXPECT_EQ(save(path("file"), all), room < all.size() ? 61 : 0) << room;
+            EXPECT_EQ(folder_.files(), (Files{{"file", room < all.size() ? "old" : all}})) << room;
         }
-        folder_.write("file", "old");
     }
-    for (const std::size_t room : {131071U, 131072U, 131073U, 599'999U}) {
-        test::FileFaults faults;
-        faults.room = room;
-        EXPECT_EQ(save(file, large_), 61) << room;
-    }
-    EXPECT_EQ(bytesOf(file), "old");
 }
 
-/// The process is killed before each operation in turn.
+/// The process is killed before each operation in turn; what it leaves behind is known by its name.
 TEST_F(OutputFileTest, KilledAnywhere)
 {
-    for (const std::string before : {"", "old"}) {
-        int status = SIGKILL;
-        for (int n = 1; status == SIGKILL; ++n) {
-            before.empty() ? void(fs::remove(path("file"))) : void(folder_.write("file", before));
-            const pid_t child = ::fork();
-            ASSERT_GE(child, 0);
-            if (child == 0) {
-                test::FileFaults faults;
-                faults.at = n;
-                faults.before = [] { ::raise(SIGKILL); };
-                ::_exit(save(path("file"), large_));
-            }
-            ASSERT_EQ(::waitpid(child, &status, 0), child);
-            const std::string after = bytesOf(path("file"));
-            EXPECT_TRUE(after == before || after == large_) << n;
-        }
-        EXPECT_EQ(status, 0);
-        EXPECT_TRUE(bytesOf(path("file")) == large_);
-    }
+    saveOverAndOver([&](const Files& before, test::FileFaults& faults) {
+        faults.before = [] { ::raise(SIGKILL); };
+        const pid_t child = ::fork();
+        if (child == 0) ::_exit(save(path("file"), large_));
+        int status = 0;
+        EXPECT_EQ(::waitpid(child, &status, 0), child);
+        for (const auto& [name, bytes] : folder_.files())
+            if (name.starts_with("quorvin-")) fs::remove(path(name));
+        EXPECT_TRUE(folder_.files() == before || folder_.files() == Files({{"file", large_}}));
+        return WIFSIGNALED(status);
+    });
 }
 
 TEST_F(OutputFileTest, NamesOfTheSameFile)

@@ -16,56 +16,41 @@ constexpr const char* kLine = "#NAME567890zz111a222b333c444d555e666f 77g888hques
 
 TEST(FieldTable, ItemsAreCutByColumns)
 {
-    FieldTable table;
-    table.addFields({kLine});
-    EXPECT_EQ(table.fieldMark[1], "#");
-    EXPECT_EQ(table.fieldName[1], "NAME567890");
-    EXPECT_EQ(table.fieldNameWork[1], "NAME567890");
-    EXPECT_EQ(table.questionX[1], "111");
-    EXPECT_EQ(table.questionY[1], "222");
-    EXPECT_EQ(table.questionColour[1], "333");
-    EXPECT_EQ(table.fieldX[1], "444");
-    EXPECT_EQ(table.fieldY[1], "555");
-    EXPECT_EQ(table.fieldType[1], "666");
-    EXPECT_EQ(table.fieldLength[1], " 77");
-    EXPECT_EQ(table.fieldColour[1], "888");
-    EXPECT_EQ(table.questionText[1], "question");
-    EXPECT_EQ(table.length(1), 77);
-    EXPECT_EQ(table.fieldCount, 1);
+    FieldTable t;
+    t.addFields({kLine});
+    const std::pair<std::string, const char*> items[] = {
+        {t.fieldMark[1], "#"},     {t.fieldName[1], "NAME567890"}, {t.fieldNameWork[1], "NAME567890"},
+        {t.questionX[1], "111"},   {t.questionY[1], "222"},        {t.questionColour[1], "333"},
+        {t.fieldX[1], "444"},      {t.fieldY[1], "555"},           {t.fieldType[1], "666"},
+        {t.fieldLength[1], " 77"}, {t.fieldColour[1], "888"},      {t.questionText[1], "question"},
+    };
+    for (const auto& [item, expected] : items)
+        EXPECT_EQ(item, expected);
 }
 
-TEST(FieldTable, LinesCutShort)
+TEST(FieldTable, LinesCutShortAndLengths)
 {
-    const std::string line = kLine;
     struct Case {
-        std::size_t columns;
+        std::string line;
+        int error;
         int length;
         const char* question;
     };
-    for (const Case& c : {Case{0, 0, ""}, Case{11, 0, ""}, Case{37, 0, ""}, Case{38, 0, ""}, Case{39, 7, ""},
-                          Case{40, 77, ""}, Case{45, 77, ""}, Case{46, 77, "q"}}) {
+    const std::string line = kLine;
+    const auto with = [&](const char* item) { return std::string(line).replace(37, 3, item); };
+    for (const Case& c :
+         {Case{"", 0, 0, ""}, Case{line.substr(0, 11), 0, 0, ""}, Case{line.substr(0, 38), 0, 0, ""},
+          Case{line.substr(0, 39), 0, 7, ""}, Case{line.substr(0, 45), 0, 77, ""},
+          Case{line.substr(0, 46), 0, 77, "q"}, Case{with("  0"), 0, 0, "question"},
+          Case{with("abc"), 0, 0, "question"}, Case{with("2.9"), 0, 2, "question"},
+          Case{with("999"), 0, 999, "question"}, Case{with("1 2"), 0, 12, "question"},
+          Case{with(" -1"), 5, 0, ""}, Case{with("-.5"), 5, 0, ""}}) {
         FieldTable table;
-        table.addFields({line.substr(0, c.columns)});
-        EXPECT_EQ(table.length(1), c.length) << c.columns;
-        EXPECT_EQ(table.questionText[1], c.question) << c.columns;
-    }
-}
-
-TEST(FieldTable, LengthsThatAreNoLengths)
-{
-    struct Case {
-        const char* item;
-        int length;
-        int error;
-    };
-    for (const Case& c : {Case{"  0", 0, 0}, Case{"abc", 0, 0}, Case{"2.9", 2, 0}, Case{"999", 999, 0},
-                          Case{"1 2", 12, 0}, Case{" -1", 0, 5}, Case{"-.5", 0, 5}}) {
-        std::string line = kLine;
-        line.replace(37, 3, c.item);
-        FieldTable table;
-        EXPECT_EQ(errorOf([&] { table.addFields({kLine, line}); }), c.error) << c.item;
+        EXPECT_EQ(errorOf([&] { table.addFields({kLine, c.line}); }), c.error) << c.line;
         EXPECT_EQ(table.fieldCount, c.error ? 1 : 2) << "the field before it stays";
-        EXPECT_EQ(c.error ? 0 : table.length(2), c.length) << c.item;
+        if (c.error) continue;
+        EXPECT_EQ(table.length(2), c.length) << c.line;
+        EXPECT_EQ(table.questionText[2], c.question) << c.line;
     }
 }
 
@@ -106,12 +91,14 @@ TEST(FieldTable, ValuesAreCutFromTheRecord)
     FieldTable table;
     table.addFields({test::definitionLine({.length = 3}), test::definitionLine({.length = 0}),
                      test::definitionLine({.length = 4})});
-    EXPECT_EQ(table.fieldValue("ab cdef", 1), "ab ");
-    EXPECT_EQ(table.fieldValue("ab cdef", 2), "");
-    EXPECT_EQ(table.fieldValue("ab cdef", 3), "cdef");
-    EXPECT_EQ(table.fieldValue("ab cd", 3), "cd");
-    EXPECT_EQ(table.fieldValue("ab", 3), "");
-    EXPECT_EQ(table.fieldValue("ab cdef", 0), "");
+    struct Case {
+        const char* record;
+        int field;
+        const char* value;
+    };
+    for (const Case& c : {Case{"ab cdef", 1, "ab "}, Case{"ab cdef", 2, ""}, Case{"ab cdef", 3, "cdef"},
+                          Case{"ab cd", 3, "cd"}, Case{"ab", 3, ""}, Case{"ab cdef", 0, ""}})
+        EXPECT_EQ(table.fieldValue(c.record, c.field), c.value) << c.record << c.field;
     EXPECT_EQ(errorOf([&] { (void)table.fieldValue("ab cdef", 4); }), 9);
 }
 

@@ -29,26 +29,15 @@ protected:
 
 TEST_F(LineReaderTest, LineEnds)
 {
-    struct Case {
-        const char* name;
-        std::string bytes;
-        std::vector<std::string> lines;
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"a\r\nb\r\n", {"a", "b"}}, {"a\nb", {"a", "b"}},           {"a\r\r\nb\rc\r\n", {"a\r", "b\rc"}},
+        {"\r\n\n", {"", ""}},       {"a\r\nb\32c\r\n", {"a", "b"}}, {"", {}},
     };
-    for (const Case& c : {
-             Case{"CR LF", "a\r\nb\r\n", {"a", "b"}},
-             Case{"LF", "a\nb", {"a", "b"}},
-             Case{"only one CR belongs to the line end", "a\r\r\nb\rc\r\n", {"a\r", "b\rc"}},
-             Case{"empty lines", "\r\n\n", {"", ""}},
-             Case{"Ctrl-Z ends the text",
-                  "a\r\nb\x1A"
-                  "c\r\n",
-                  {"a", "b"}},
-             Case{"nothing", "", {}},
-         }) {
-        LineReader& reader = read(c.bytes);
-        for (const std::string& line : c.lines)
-            EXPECT_EQ(reader.readLine(kAll).text, line) << c.name;
-        EXPECT_EQ(test::errorOf([&] { reader.readLine(kAll); }), 62) << c.name;
+    for (const auto& [bytes, lines] : cases) {
+        LineReader& reader = read(bytes);
+        for (const std::string& line : lines)
+            EXPECT_EQ(reader.readLine(kAll).text, line) << bytes;
+        EXPECT_EQ(test::errorOf([&] { reader.readLine(kAll); }), 62) << bytes;
     }
 }
 

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "base/Text.h"
+#include "tests/rec/SameReading.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/RecBuilder.h"
 #include "tests/support/TempFolder.h"
@@ -20,14 +21,10 @@ class RecFileTest : public testing::Test {
 protected:
     std::filesystem::path write(const std::string& bytes) { return folder_.write("prova.rec", bytes); }
 
-    /// Opens, reads and measures; the number of the error that ended it, negative when it was the header's.
-    int load(const std::filesystem::path& name)
+    /// The number of the error that opening the file ends with.
+    int load(const std::string& bytes)
     {
-        if (const int error = errorOf([&] { file_.open(name); })) return -error;
-        return errorOf([&] {
-            file_.readDefinitions();
-            file_.measure();
-        });
+        return errorOf([&] { test::load(file_, write(bytes)); });
     }
 
     std::string value(RecordNumber n, int field)
@@ -57,14 +54,14 @@ TEST_F(RecFileTest, Headers)
              Case{"colour behind ten characters", "1          7\r\n", 0, 0},
              Case{"fraction", "1.9 7\r\n", 0, 7},
              Case{"comma: the rest is the first definition", "1 7,", 0, 7},
-             Case{"no blank", "1\r\n", -5, 0},
-             Case{"comma before the blank", "1,7 \r\n", -5, 0},
+             Case{"no blank", "1\r\n", 5, 0},
+             Case{"comma before the blank", "1,7 \r\n", 5, 0},
              Case{"no fields", "0 7\r\n", 11, 7},
              Case{"fewer than none", "-1 7\r\n", 11, 7},
              Case{"not a number", "x 7\r\n", 11, 7},
              Case{"more than there are lines", "3 7\r\n", 62, 7},
          }) {
-        EXPECT_EQ(load(write(std::string(c.header).append(rest))), c.error) << c.name;
+        EXPECT_EQ(load(std::string(c.header).append(rest)), c.error) << c.name;
         EXPECT_EQ(file_.screenColour(), c.colour) << c.name;
         if (c.error != 0) continue;
         EXPECT_EQ(value(1, 1), "ab") << c.name;
@@ -77,39 +74,32 @@ TEST_F(RecFileTest, HeadersThatAnnounceTooManyFields)
     for (int i = 0; i < 201; ++i)
         lines += test::definitionLine({.length = 1}) + "\r\n";
     for (const char* header : {"201 1\r\n", "999999999 1\r\n"}) {
-        EXPECT_EQ(load(write(header + lines)), 9) << header;
+        EXPECT_EQ(load(header + lines), 9) << header;
         EXPECT_EQ(file_.fieldCount(), 200);
         EXPECT_EQ(file_.recordCount(), 0);
     }
-    EXPECT_EQ(load(write("200 1\r\n" + lines.substr(0, lines.size() / 201 * 200) + std::string(77, 'x'))),
-              62);
 }
 
 TEST_F(RecFileTest, FilesThatAreDamaged)
 {
     const std::string good = rec({{.length = 100}}).record({"a"}).bytes();
     const std::size_t secondLine = good.size() - 25;
-    struct Case {
-        const char* name;
-        std::string bytes;
-        int error;
+    const std::pair<std::string, int> cases[] = {
+        {"\x1A", 62},
+        {rec({{.length = 0}}).record({}).bytes(), 11},
+        {good.substr(0, secondLine) + "\x1A" + good.substr(secondLine), 62},
+        {std::string(5000, '\0'), 5},
+        {"1 1\r\n" + std::string(3 << 20, 'x'), 7},
     };
-    for (const Case& c : {
-             Case{"empty file", "", -62},
-             Case{"only Ctrl-Z", "\x1A", -62},
-             Case{"no data", rec({{}}).bytes(), 11},
-             Case{"titles only", rec({{.length = 0}}).record({}).bytes(), 11},
-             Case{"second line of the first record missing", good.substr(0, secondLine), 62},
-             Case{"Ctrl-Z within the first record",
-                  good.substr(0, secondLine) + "\x1A" + good.substr(secondLine), 62},
-             Case{"first record half written", good.substr(0, good.size() - 9), 62},
-             Case{"its mark not yet written", good.substr(0, good.size() - 3), 62},
-             Case{"its line end half written", good.substr(0, good.size() - 1), 62},
-             Case{"its line end not yet written", good.substr(0, good.size() - 2), 0},
-             Case{"zeros", std::string(5000, '\0'), -5},
-             Case{"a line without end", "1 1\r\n" + std::string(3 << 20, 'x'), 7},
-         })
-        EXPECT_EQ(load(write(c.bytes)), c.error) << c.name;
+    for (const auto& [bytes, error] : cases)
+        EXPECT_EQ(load(bytes), error) << bytes.substr(0, 200);
+    // Cut anywhere, the only record may lack its line end, but not half of it.
+    const std::size_t data = good.size() - 106;
+    for (std::size_t length = 0; length < good.size(); ++length) {
+        const int error = load(good.substr(0, length));
+        const int expected = length + 2 == good.size() ? 0 : 62;
+        EXPECT_TRUE(length > data ? error == expected : error != 0) << length << ": " << error;
+    }
 }
 
 TEST_F(RecFileTest, Measures)
@@ -122,21 +112,18 @@ TEST_F(RecFileTest, Measures)
     for (const Case& c :
          {Case{1, 1, 4}, Case{78, 1, 81}, Case{79, 2, 85}, Case{156, 2, 162}, Case{157, 3, 166}}) {
         const std::string whole = rec({{.length = c.length}}).record({"x"}).record({"y"}).bytes();
-        ASSERT_EQ(load(write(whole)), 0);
-        EXPECT_EQ(file_.linesPerRecord(), c.lines) << c.length;
-        EXPECT_EQ(file_.recordBytes(), c.bytes) << c.length;
-        EXPECT_EQ(file_.recordCount(), 2) << c.length;
-        EXPECT_EQ(file_.rangeEnd(), 2) << c.length;
-
-        ASSERT_EQ(load(write(whole.substr(0, whole.size() - 1))), 0);
-        EXPECT_EQ(file_.recordCount(), 1)
-            << "without its last byte a record is not whole, length " << c.length;
+        for (const std::size_t missing : {0U, 1U}) {
+            ASSERT_EQ(load(whole.substr(0, whole.size() - missing)), 0);
+            EXPECT_EQ(file_.linesPerRecord(), c.lines) << c.length;
+            EXPECT_EQ(file_.recordBytes(), c.bytes) << c.length;
+            EXPECT_EQ(file_.recordCount(), missing == 0 ? 2 : 1) << c.length;
+        }
     }
 }
 
 TEST_F(RecFileTest, LinesThatEndInLfAlone)
 {
-    ASSERT_EQ(load(write(rec({{.length = 80}}, 1, "\n").record({"uno"}).record({"due"}, '?').bytes())), 0);
+    ASSERT_EQ(load(rec({{.length = 80}}, 1, "\n").record({"uno"}).record({"due"}, '?').bytes()), 0);
     EXPECT_EQ(file_.recordBytes(), 84);
     EXPECT_EQ(file_.recordCount(), 2);
     EXPECT_EQ(rTrim(value(2, 1)), "due");
@@ -146,12 +133,12 @@ TEST_F(RecFileTest, LinesThatEndInLfAlone)
 TEST_F(RecFileTest, RecordsAreReadByNumber)
 {
     const std::string first(100, 'a');
-    const auto name = write(rec({{.length = 0}, {.length = 90}, {.length = 10}})
-                                .record({"", first, "città"})
-                                .record({"", "b", "zz"}, '?')
-                                .record({"", "c", "^"}, '^')
-                                .bytes());
-    ASSERT_EQ(load(name), 0);
+    ASSERT_EQ(load(rec({{.length = 0}, {.length = 90}, {.length = 10}})
+                       .record({"", first, "città"})
+                       .record({"", "b", "zz"}, '?')
+                       .record({"", "c", "^"}, '^')
+                       .bytes()),
+              0);
     EXPECT_EQ(value(3, 2), "c" + std::string(89, ' '));
     EXPECT_EQ(file_.lastMark(), '^');
     EXPECT_EQ(value(1, 2), first.substr(0, 90));
@@ -168,7 +155,7 @@ TEST_F(RecFileTest, RecordsAreReadByNumber)
 
 TEST_F(RecFileTest, CapitalsOnRequest)
 {
-    ASSERT_EQ(load(write(rec({{.length = 6}}).record({"citt\xE0 "}).bytes())), 0);
+    ASSERT_EQ(load(rec({{.length = 6}}).record({"citt\xE0 "}).bytes()), 0);
     file_.impostMaiusc = true;
     EXPECT_EQ(value(1, 1), "CITT\xC0 ");
     file_.impostMaiusc = false;
@@ -177,7 +164,7 @@ TEST_F(RecFileTest, CapitalsOnRequest)
 
 TEST_F(RecFileTest, ALineThatIsShortLeavesItsMarkInTheText)
 {
-    ASSERT_EQ(load(write(rec({{.length = 5}}).bytes() + "ab!\r\n")), 0);
+    ASSERT_EQ(load(rec({{.length = 5}}).bytes() + "ab!\r\n"), 0);
     EXPECT_EQ(value(1, 1), "ab!");
     EXPECT_EQ(file_.lastMark(), '!');
 }
@@ -185,27 +172,16 @@ TEST_F(RecFileTest, ALineThatIsShortLeavesItsMarkInTheText)
 TEST_F(RecFileTest, FilesThatOthersChange)
 {
     const test::RecBuilder two = rec({{}}).records(2);
-    const auto name = write(two.bytes());
-    ASSERT_EQ(load(name), 0);
+    const auto name = folder_.path() / "prova.rec";
+    ASSERT_EQ(load(two.bytes()), 0);
 
-    append(name, "r3   !\r\nr4   !");
-    file_.recount();
-    EXPECT_EQ(file_.recordCount(), 3) << "the half record does not count";
-    EXPECT_EQ(rTrim(value(3, 1)), "r3");
-    EXPECT_EQ(errorOf([&] { value(4, 1); }), 62) << "nor is it read";
-    append(name, "\r");
-    EXPECT_EQ(errorOf([&] { value(4, 1); }), 62);
-    append(name, "\n");
-    EXPECT_EQ(rTrim(value(4, 1)), "r4");
-
-    write(rec({{}}).records(1).bytes());
-    file_.recount();
-    EXPECT_EQ(file_.recordCount(), 1);
-
-    write("x");
-    file_.recount();
-    EXPECT_EQ(file_.recordCount(), 0);
-
+    for (const char byte : std::string("r3   !\r\n")) {
+        file_.recount();
+        EXPECT_EQ(file_.recordCount(), 2) << "a half record does not count";
+        EXPECT_EQ(errorOf([&] { value(3, 1); }), 62) << "nor is it read";
+        append(name, {byte});
+    }
+    EXPECT_EQ(value(3, 1), "r3   ");
     std::filesystem::remove(name);
     EXPECT_EQ(errorOf([&] { file_.recount(); }), 53);
     for (const auto& other : {rec({{.length = 6}}), rec({{.question = "altra domanda"}}), rec({{}, {}})}) {
@@ -213,15 +189,21 @@ TEST_F(RecFileTest, FilesThatOthersChange)
         EXPECT_EQ(errorOf([&] { file_.recount(); }), 75) << "its records stand elsewhere";
         EXPECT_EQ(errorOf([&] { value(1, 1); }), 52) << "and are not read";
     }
-    write(rec({{.question = "Domanda"}}).records(2).bytes());
-    file_.recount();
-    EXPECT_EQ(file_.recordCount(), 2);
+    const std::pair<std::string, int> cases[] = {{rec({{}}).records(1).bytes(), 1},
+                                                 {"x", 0},
+                                                 {two.bytes(), 2},
+                                                 {rec({{.question = "Domanda"}}).records(4).bytes(), 4}};
+    for (const auto& [bytes, count] : cases) {
+        write(bytes);
+        file_.recount();
+        EXPECT_EQ(file_.recordCount(), count);
+    }
 }
 
 TEST_F(RecFileTest, CountingGoesByLengthBeyondFourGigabytes)
 {
-    const auto name = write(rec({{.length = 5}}).records(1).bytes());
-    ASSERT_EQ(load(name), 0);
+    ASSERT_EQ(load(rec({{.length = 5}}).records(1).bytes()), 0);
+    const auto& name = file_.dataFileName();
     const std::int64_t records = 900'000'000;
     std::filesystem::resize_file(
         name, static_cast<std::uintmax_t>(file_.dataStart() - 1 + records * file_.recordBytes()));
@@ -236,15 +218,13 @@ TEST_F(RecFileTest, CountingGoesByLengthBeyondFourGigabytes)
 
 TEST(RecFile, Stems)
 {
-    struct Case {
-        const char* name;
-        const char* stem;
-    };
-    for (const Case& c :
-         {Case{"/dati/pazienti.rec", "/dati/pazienti"}, Case{"a.rec", "a"}, Case{"/dati/abc", "/dati/"},
-          Case{"/dati/.rec", "/dati/"}, Case{"/dati/nome.dati", "/dati/nome."}, Case{"/d/xàè.r", "/d/x"}}) {
-        EXPECT_EQ(stemOf(c.name), std::filesystem::path(c.stem)) << c.name;
-    }
+    for (const auto& [name, stem] : {std::pair("/dati/pazienti.rec", "/dati/pazienti"),
+                                     {"a.rec", "a"},
+                                     {"/dati/abc", "/dati/"},
+                                     {"/dati/.rec", "/dati/"},
+                                     {"/dati/nome.dati", "/dati/nome."},
+                                     {"/d/xàè.r", "/d/x"}})
+        EXPECT_EQ(stemOf(name), std::filesystem::path(stem));
 }
 
 /// Values looked up by hand in the files.
@@ -271,9 +251,7 @@ TEST(RecFile, SampleFiles)
                   {"", " 2", "52", "F", "8:00 PM ", "Y", "4/19", "12:30 AM"}},
          }) {
         RecFile file;
-        file.open(c.file);
-        file.readDefinitions();
-        file.measure();
+        test::load(file, c.file);
         EXPECT_EQ(file.recordCount(), c.records) << c.file;
         std::vector<RecordNumber> deleted;
         for (RecordNumber n = 1; n <= file.recordCount(); ++n) {

@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <climits>
 #include <random>
 
 #include "rec/RecordScanner.h"
+#include "tests/rec/SameReading.h"
 #include "tests/support/ErrorNumber.h"
+#include "tests/support/FileFaults.h"
 #include "tests/support/RecBuilder.h"
 #include "tests/support/TempFolder.h"
 
@@ -38,12 +40,7 @@ std::string oneColumnLeft(std::string bytes, std::size_t fields)
 
 class RecWriterTest : public testing::Test {
 protected:
-    void open(const std::string& bytes)
-    {
-        file_.open(folder_.write("prova.rec", bytes));
-        file_.readDefinitions();
-        file_.measure();
-    }
+    void open(const std::string& bytes) { test::load(file_, folder_.write("prova.rec", bytes)); }
 
     /// The file with these fields of all records.
     std::string written(const std::vector<int>& fields, int longest = 250)
@@ -61,51 +58,26 @@ protected:
     test::TempFolder folder_;
     std::filesystem::path target_ = folder_.path() / "nuovo.rec";
     RecFile file_;
+    test::FileFaults noWaiting_;
 };
 
 TEST_F(RecWriterTest, AFileByteForByte)
 {
     const std::string source = "3 14 VLAB Filelabel: x\n"
                                "_TITOLO        1   1  30   0   0  15   0 112 Titolo\n"
-                               "#ETA          45   3  31  59   3   0   2 113 Et\xE0, \n"
+                               "#ETA          45   3  31  59   0   0   2 113 Et\xE0, \n"
                                "?NOME        100   3  30 115   4   1   3  12 Nome\n"
                                " 7Ada!\n42Ev\x80?\n  Bo ^\n";
     const std::string expected = "3 14\r\n"
                                  "?NOME        100   1  30 115   1   1   3  12 Nome\r\n"
                                  "_TITOLO        1   2  30   0   2  15   0 112 Titolo\r\n"
-                                 "#ETA          45   3  31  59   3   0   2 113 Et\xE0, \r\n"
+                                 "#ETA          45   2  31  59   2   0   2 113 Et\xE0, \r\n"
                                  "Ada 7!\r\nEv\x80"
                                  "42?\r\nBo   ^\r\n";
     open(source);
     EXPECT_EQ(written({3, 1, 2, 3}), expected);
     open(oneColumnLeft(source, 3));
     EXPECT_EQ(written({3, 1, 2, 3}), oneColumnLeft(expected, 3));
-}
-
-TEST_F(RecWriterTest, FieldsThatSharedALineShareOne)
-{
-    struct Case {
-        std::vector<std::pair<int, int>> lines;  ///< of question and box
-        const char* expected;
-    };
-    for (const Case& c :
-         {Case{{{3, 3}, {3, 3}, {5, 5}, {9, 9}}, "1123"}, Case{{{1, 2}, {1, 3}, {4, 3}}, "111"}}) {
-        std::vector<FieldSpec> fields;
-        std::vector<int> all;
-        for (const auto& [question, box] : c.lines) {
-            fields.push_back({.questionY = question, .fieldY = box});
-            all.push_back(static_cast<int>(fields.size()));
-        }
-        open(rec(fields).record({}).bytes());
-        const std::string bytes = written(all);
-        std::string questions, boxes;
-        for (std::size_t n = 1; n <= all.size(); ++n) {
-            questions += behind(bytes, n)[19];
-            boxes += behind(bytes, n)[31];
-        }
-        EXPECT_EQ(questions, c.expected);
-        EXPECT_EQ(boxes, c.expected);
-    }
 }
 
 TEST_F(RecWriterTest, RecordsThatAreNotWhole)
@@ -132,35 +104,27 @@ TEST_F(RecWriterTest, DefinitionsThatAreNotWhole)
               "3 1\r\n" + std::string(19, ' ') + rest + "_AB" + std::string(16, ' ') + rest +
                   test::definitionLine({.length = 1, .questionY = 2, .fieldY = 2}) + "\r\nx!\r\n");
 
-    // One column left, the last line cut behind its length: it must not make the others read otherwise.
-    std::string source = oneColumnLeft(rec({{.length = 100}, {.length = 3}}).bytes(), 2);
-    source.erase(source.size() - 14, 12);
-    open(source + std::string(78, 'a') + "!\r\n" + std::string(25, 'b') + "!\r\n");
-    open(written({2, 1}));
-    EXPECT_EQ(file_.fields().length(1), 3);
-    EXPECT_EQ(file_.fields().length(2), 100);
-
-    // Alone, such a line would not be known for what it is.
-    source = oneColumnLeft(rec({{}, {.length = 100}}).bytes(), 2);
-    source.erase(source.size() - 14, 12);
-    open(source + std::string(78, 'a') + "!\r\n" + std::string(27, 'b') + "!\r\n");
-    open(written({2}));
-    EXPECT_EQ(file_.fields().length(1), 100);
+    // One column left, the last line cut behind its length: it must not make the others read otherwise, nor
+    // itself when it is alone.
+    for (const auto& [lengths, fields] : {std::pair(std::pair(100, 3), std::vector{2, 1}), {{5, 100}, {2}}}) {
+        const auto [first, last] = lengths;
+        std::string source = oneColumnLeft(rec({{.length = first}, {.length = last}}).bytes(), 2);
+        source.erase(source.size() - 14, 12);
+        open(source + std::string(78, 'a') + "!\r\n" + std::string(30, 'b') + "!\r\n");
+        open(written(fields));
+        EXPECT_EQ(file_.fields().length(1), last);
+        EXPECT_EQ(file_.recordLength(), fields.size() == 2 ? first + last : last);
+    }
 }
 
 TEST_F(RecWriterTest, WhatIsRefused)
 {
     const std::string source = rec({{}, {.length = 0}}).record({"a"}).bytes();
     open(source);
-    struct Case {
-        std::vector<int> fields;
-        int error;
-    };
-    for (const Case& c : {Case{{1, 0}, 9}, Case{{-1}, 9}, Case{{1, 3}, 9}, Case{{201}, 9},
-                          Case{{std::numeric_limits<int>::max()}, 9}, Case{{2, 2}, 11}, Case{{}, 11}}) {
-        EXPECT_EQ(test::errorOf([&] { written(c.fields); }), c.error);
-        EXPECT_FALSE(std::filesystem::exists(target_));
-    }
+    for (const auto& [fields, error] :
+         {std::pair(std::vector{1, 0}, 9), {{-1}, 9}, {{1, 3}, 9}, {{INT_MAX}, 9}, {{2, 2}, 11}, {{}, 11}})
+        EXPECT_EQ(test::errorOf([&] { written(fields); }), error);
+    EXPECT_FALSE(std::filesystem::exists(target_));
     std::filesystem::create_hard_link(file_.dataFileName(), target_);
     EXPECT_EQ(test::errorOf([&] { written({1}); }), 75);
 }

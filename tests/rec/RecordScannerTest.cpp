@@ -14,13 +14,6 @@ namespace {
 
 class RecordScannerTest : public testing::Test {
 protected:
-    void open(RecFile& file, const std::string& bytes)
-    {
-        file.open(folder_.write("prova.rec", bytes));
-        file.readDefinitions();
-        file.measure();
-    }
-
     void expectSameReading(const std::string& bytes, const std::string& what)
     {
         EXPECT_EQ(test::differentReading(folder_.write("prova.rec", bytes)), "") << what;
@@ -50,7 +43,7 @@ TEST_F(RecordScannerTest, ReadsWhatSingleReadingDoes)
     for (const std::string lineEnd : {"\r\n", "\n"}) {
         expectSameReading(records(100, lineEnd, 6), "second line short");
         expectSameReading(records(100, lineEnd, 28), "second line but a mark");
-        const std::string even = records(3000, lineEnd);
+        const std::string even = records(2500, lineEnd);
         expectSameReading(even, "more than one block");
         const std::size_t end = even.find('\n', even.size() / 2) - lineEnd.size() + 1;
         // Within a line, its mark, its line end, and the first of the next line.
@@ -64,12 +57,11 @@ TEST_F(RecordScannerTest, ReadsWhatSingleReadingDoes)
 
 TEST_F(RecordScannerTest, AFileCutShortMeanwhileGivesWholeRecordsOnly)
 {
-    // Too short to be read ahead, and long enough. A thousand records of 43 bytes and one byte more are cut
-    // off.
+    // Too short to be read ahead, and long enough. A thousand records and one byte more are cut off.
     for (const int count : {8000, 80000}) {
         RecFile file;
         const std::string bytes = test::rec({{.length = 40}}).records(count).bytes();
-        open(file, bytes);
+        test::load(file, folder_.write("prova.rec", bytes));
         RecordScanner scanner(file);
         scanner.start(1, count);
         int read = 0;

@@ -22,20 +22,20 @@ std::vector<std::string> reading(Reader& reader, int fields, const std::function
     return all;
 }
 
-void open(RecFile& file, const std::filesystem::path& name)
+}  // namespace
+
+void load(RecFile& file, const std::filesystem::path& name)
 {
     file.open(name);
     file.readDefinitions();
     file.measure();
 }
 
-}  // namespace
-
 std::string differentReading(const std::filesystem::path& name, RecordNumber step)
 {
     RecFile file, single;
-    open(file, name);
-    open(single, name);
+    load(file, name);
+    load(single, name);
     RecordScanner scanner(file);
     for (const bool capitals : {false, true}) {
         file.impostMaiusc = single.impostMaiusc = capitals;

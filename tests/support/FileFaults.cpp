@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdarg>
 #include <mutex>
 
 namespace quorvin::test {
@@ -31,6 +30,14 @@ std::size_t portion(std::size_t bytes)
 {
     const std::lock_guard lock(mutex);
     return present ? std::min(bytes, present->portion) : bytes;
+}
+
+/// The file that is about to get its name.
+const char* named(const char* file)
+{
+    const std::lock_guard lock(mutex);
+    if (present) present->named();
+    return file;
 }
 
 }  // namespace
@@ -59,7 +66,8 @@ std::size_t FileFaults::take(std::size_t bytes)
 {
     const std::size_t taken = std::min({bytes, portion, room});
     if (room != kAll) room -= taken;
-    if (taken == 0 && bytes > 0) errno = ENOSPC;
+    full_ |= taken == 0 && bytes > 0;
+    if (full_) errno = ENOSPC;
     unsynced_ = true;
     return taken;
 }
@@ -70,66 +78,33 @@ std::size_t FileFaults::take(std::size_t bytes)
 // NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
 using quorvin::test::attempt;
 using quorvin::test::mutex;
+using quorvin::test::named;
 using quorvin::test::portion;
 using quorvin::test::present;
 
 extern "C" {
 
-int __real_open(const char*, int, ...);
-int __real_fcntl(int, int, ...);
-int __real_fstat(int, struct stat*);
-int __real_stat(const char*, struct stat*);
-int __real_fchown(int, uid_t, gid_t);
-int __real_fchmod(int, mode_t);
-ssize_t __real_pread(int, void*, size_t, off_t);
+// All of them take their arguments where a function of a fixed number of them does.
+#define WRAP(result, call, parameters, ...)                                                                  \
+    result __real_##call parameters;                                                                         \
+    result __wrap_##call parameters                                                                          \
+    {                                                                                                        \
+        return attempt([&] { return __real_##call(__VA_ARGS__); });                                          \
+    }
+
+WRAP(int, open, (const char* name, int flags, mode_t rights), name, flags, rights)
+WRAP(int, fcntl, (int descriptor, int command, int argument), descriptor, command, argument)
+WRAP(int, fstat, (int descriptor, struct stat* status), descriptor, status)
+WRAP(int, stat, (const char* name, struct stat* status), name, status)
+WRAP(int, fchown, (int descriptor, uid_t owner, gid_t group), descriptor, owner, group)
+WRAP(int, fchmod, (int descriptor, mode_t rights), descriptor, rights)
+WRAP(ssize_t, pread, (int descriptor, void* to, size_t n, off_t from), descriptor, to, portion(n), from)
+WRAP(int, link, (const char* from, const char* to), named(from), to)
+WRAP(int, rename, (const char* from, const char* to), named(from), to)
+
 ssize_t __real_write(int, const void*, size_t);
 int __real_fsync(int);
 int __real_close(int);
-int __real_link(const char*, const char*);
-int __real_rename(const char*, const char*);
-
-int __wrap_open(const char* name, int flags, ...)
-{
-    va_list more;
-    va_start(more, flags);
-    const mode_t rights = (flags & O_CREAT) != 0 ? va_arg(more, mode_t) : 0;
-    va_end(more);
-    return attempt([&] { return __real_open(name, flags, rights); });
-}
-
-int __wrap_fcntl(int descriptor, int command, ...)
-{
-    va_list more;
-    va_start(more, command);
-    const int argument = va_arg(more, int);
-    va_end(more);
-    return attempt([&] { return __real_fcntl(descriptor, command, argument); });
-}
-
-int __wrap_fstat(int descriptor, struct stat* status)
-{
-    return attempt([&] { return __real_fstat(descriptor, status); });
-}
-
-int __wrap_stat(const char* name, struct stat* status)
-{
-    return attempt([&] { return __real_stat(name, status); });
-}
-
-int __wrap_fchown(int descriptor, uid_t owner, gid_t group)
-{
-    return attempt([&] { return __real_fchown(descriptor, owner, group); });
-}
-
-int __wrap_fchmod(int descriptor, mode_t rights)
-{
-    return attempt([&] { return __real_fchmod(descriptor, rights); });
-}
-
-ssize_t __wrap_pread(int descriptor, void* bytes, size_t count, off_t offset)
-{
-    return attempt([&] { return __real_pread(descriptor, bytes, portion(count), offset); });
-}
 
 ssize_t __wrap_write(int descriptor, const void* bytes, size_t count)
 {
@@ -147,7 +122,7 @@ int __wrap_fsync(int descriptor)
         if (!present) return __real_fsync(descriptor);
         // Nobody is to wait for the disk.
         present->synced();
-        return __real_fcntl(descriptor, F_GETFD) < 0 ? -1 : 0;
+        return __real_fcntl(descriptor, F_GETFD, 0) < 0 ? -1 : 0;
     });
 }
 
@@ -159,18 +134,6 @@ int __wrap_close(int descriptor)
     const int closed = __real_close(descriptor);
     if (result != 0) errno = error;
     return result != 0 ? result : closed;
-}
-
-int __wrap_link(const char* from, const char* to)
-{
-    if (present) present->named();
-    return attempt([&] { return __real_link(from, to); });
-}
-
-int __wrap_rename(const char* from, const char* to)
-{
-    if (present) present->named();
-    return attempt([&] { return __real_rename(from, to); });
 }
 
 }  // extern "C"

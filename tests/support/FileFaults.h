@@ -26,9 +26,8 @@ public:
     std::size_t room = kAll;     ///< bytes on the disk: behind them it is full
     std::size_t portion = kAll;  ///< most bytes that one call reads or writes
 
-    /// Whether there were so many operations.
-    bool isReached() const { return at != kNever && count_ >= at; }
-    int count() const { return count_; }
+    /// Whether there were so many operations, or the disk was full.
+    bool isReached() const { return full_ || (at != kNever && count_ >= at); }
 
     /// Whether a file got its name with bytes that the disk may not have had.
     bool isNamedTooEarly() const { return namedTooEarly_; }
@@ -42,6 +41,7 @@ public:
 
 private:
     int count_ = 0;
+    bool full_ = false;
     bool unsynced_ = false;
     bool namedTooEarly_ = false;
 };

@@ -1,7 +1,7 @@
 /// Stands in for programs that work on a REC file while it is open elsewhere: appends, cuts, replaces,
-/// removes, as fast as it can, until its standard input ends. Arguments: the file, a seed, about how many
-/// records to keep, and "same" or "other", whether other files come into its place too. It leaves half
-/// a record at the end and tells how many whole ones there are and were at most, and what was done how often.
+/// removes, as fast as it can, until its standard input ends. Arguments: the file, about how many records to
+/// keep, and "same" or "other", whether other files come into its place too. It leaves half a record at the
+/// end and tells how many whole ones there are and were at most.
 
 #include <atomic>
 #include <chrono>
@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <map>
 #include <random>
 #include <thread>
 
@@ -23,43 +22,29 @@ namespace {
 
 class Writer {
 public:
-    Writer(fs::path name, unsigned seed, unsigned usual) :
-        name_(std::move(name)),
-        random_(seed),
-        usual_(usual)
+    Writer(fs::path name, unsigned usual) : name_(std::move(name)), usual_(usual)
     {
         const std::string bytes = quorvin::test::bytesOf(name_);
         header_ = bytes.substr(0, bytes.find("\r\nr0") + 2);
-        rewriteAside();
+        replace(whole());
     }
 
     void step(bool others)
     {
-        const unsigned kind = below(others ? 9 : 8);
-        if (kind == 0 || kind == 1 || records_ < usual_ / 2) appendWhole();
-        if (kind == 2) appendInPieces();
-        if (kind == 3 || records_ > 2 * usual_) truncateWithin();
-        if (kind == 4) truncateAtRecord();
-        if (kind == 5) rewriteAside();
-        if (kind == 6) rewriteInPlace();
-        if (kind == 7) removeAndRestore();
-        if (kind == 8) putAnother();
+        const unsigned kind = below(others ? 7 : 6);
+        if (kind < 2 || records_ < usual_ / 2) append();
+        if (kind == 2 || records_ > 2 * usual_) truncate();
+        if (kind == 3 || kind == 4) replace(whole());
+        if (kind == 5) removeAndRestore();
+        if (kind == 6) putAnother();
         if (below(4) == 0) pause();
     }
 
-    /// Half a record, as when the program is killed.
-    void leaveHalf()
+    /// Leaves half a record, as when the program is killed.
+    void end()
     {
         add(next().substr(0, 50));
-        --records_;
-    }
-
-    void tell()
-    {
-        std::cout << records_ << ' ' << most_;
-        for (const auto& [what, count] : done_)
-            std::cout << ' ' << what << ' ' << count;
-        std::cout << std::endl;
+        std::cout << records_ - 1 << ' ' << most_ << std::endl;
     }
 
 private:
@@ -73,14 +58,14 @@ private:
         most_ = std::max(most_, records_);
         return text.substr(0, 78) + "!\r\n" + text.substr(78) + (below(8) == 0 ? "?\r\n" : "!\r\n");
     }
-    std::string records(unsigned count)
+    std::string whole()
     {
-        std::string bytes;
+        std::string bytes = header_;
+        const unsigned count = usual_ / 2 + below(usual_ + 1);
         for (records_ = 0; records_ < count;)
             bytes += next();
         return bytes;
     }
-    unsigned someCount() { return usual_ / 2 + below(usual_ + 1); }
 
     /// Every call is one write.
     void add(const std::string& bytes)
@@ -91,75 +76,55 @@ private:
         if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) std::abort();
         std::fclose(file);
     }
-    void addInPieces(const std::string& bytes, unsigned most)
+    void addInPieces(const std::string& bytes, std::size_t most)
     {
         for (std::size_t at = 0; at < bytes.size();) {
-            const std::size_t piece = 1 + below(most);
+            const std::size_t piece = 1 + below(static_cast<unsigned>(most));
             add(bytes.substr(at, piece));
             at += piece;
             if (below(16) == 0) pause();
         }
     }
 
-    void appendWhole()
+    void append()
     {
-        ++done_["append"];
+        if (below(3) == 0) {
+            for (unsigned count = 1 + below(4); count > 0; --count)
+                addInPieces(next(), 53);
+            return;
+        }
         std::string bytes;
         for (unsigned count = 1 + below(usual_ / 4 + 1); count > 0; --count)
             bytes += next();
         add(bytes);
     }
-    void appendInPieces()
-    {
-        ++done_["pieces"];
-        for (unsigned count = 1 + below(4); count > 0; --count)
-            addInPieces(next(), 53);
-    }
-    /// Leaves the first part of a record, and then completes it.
-    void truncateWithin()
+    /// Behind a record; or within one, which is completed by and by.
+    void truncate()
     {
         if (records_ == 0) return;
-        ++done_["cut"];
-        const std::uintmax_t end = header_.size() + keepSome() * kBytes;
-        const std::uintmax_t within = end - 1 - below(kBytes - 1);
-        const std::string whole = quorvin::test::bytesOf(name_);
+        records_ = std::max(1U, records_ - below(records_ / 2 + 1));
+        const std::uintmax_t end = header_.size() + std::uintmax_t{records_} * kBytes;
+        const std::uintmax_t within = below(2) == 0 ? end : end - 1 - below(kBytes - 1);
+        const std::string rest = quorvin::test::bytesOf(name_).substr(within, end - within);
         fs::resize_file(name_, within);
         for (unsigned times = below(10); times > 0; --times)
             pause();
-        addInPieces(whole.substr(within, end - within), 40);
+        addInPieces(rest, 40);
     }
-    void truncateAtRecord()
+    /// Aside and then in its place, or where it stands, at once or by and by.
+    void replace(const std::string& bytes)
     {
-        ++done_["truncate"];
-        fs::resize_file(name_, header_.size() + keepSome() * kBytes);
-    }
-    std::uintmax_t keepSome() { return records_ = std::max(1U, records_ - below(records_ / 2 + 1)); }
-
-    void rewriteAside()
-    {
-        ++done_["replace"];
-        putAside(header_ + records(someCount()));
-    }
-    void putAside(const std::string& bytes)
-    {
-        const fs::path other = name_.string() + ".tmp";
-        std::ofstream(other, std::ios::binary) << bytes;
-        fs::rename(other, name_);
-    }
-    void rewriteInPlace()
-    {
-        ++done_["rewrite"];
-        const std::string bytes = header_ + records(someCount());
-        fs::resize_file(name_, 0);
         if (below(2) == 0) {
-            add(bytes);
-        } else {
-            addInPieces(bytes, static_cast<unsigned>(bytes.size() / 4));
+            const fs::path other = name_.string() + ".tmp";
+            std::ofstream(other, std::ios::binary) << bytes;
+            fs::rename(other, name_);
+            return;
         }
+        fs::resize_file(name_, 0);
+        below(2) == 0 ? add(bytes) : addInPieces(bytes, bytes.size() / 4 + 1);
     }
     void removeAndRestore()
     {
-        ++done_["remove"];
         const fs::path away = name_.string() + ".away";
         fs::rename(name_, away);
         pause();
@@ -168,50 +133,38 @@ private:
     /// Something else by the same name, for a while.
     void putAnother()
     {
-        ++done_["another"];
         using quorvin::test::rec;
         static const std::string longer = rec({{.length = 33}, {.length = 4}}).records(500).bytes();
-        static const std::string unmarked(20000, '\n');
-        static const std::string one(300000, 'x');
-        const std::string others[] = {longer, "", "1 1\r\n", unmarked, one, header_};
-        if (below(2) == 0) {
-            putAside(others[below(std::size(others))]);
-        } else {
-            fs::resize_file(name_, 0);
-            add(others[below(std::size(others))]);
-        }
+        static const std::string others[] = {
+            longer, "", "1 1\r\n", std::string(20000, '\n'), std::string(300000, 'x'), header_};
+        replace(others[below(std::size(others))]);
         pause();
-        rewriteAside();
+        replace(whole());
     }
 
     static constexpr unsigned kBytes = 102 + 6;
     fs::path name_;
-    std::mt19937 random_;
+    std::mt19937 random_{7};
     unsigned usual_;
     std::string header_;
     unsigned records_ = 0;
     unsigned most_ = 0;
     unsigned version_ = 0;
-    std::map<std::string, int> done_;
 };
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 5) return 1;
-    Writer writer(argv[1], static_cast<unsigned>(std::atoi(argv[2])),
-                  static_cast<unsigned>(std::atoi(argv[3])));
+    if (argc != 4) return 1;
+    Writer writer(argv[1], static_cast<unsigned>(std::atoi(argv[2])));
     std::atomic<bool> stopped = false;
-    std::thread watch([&stopped] {
-        while (std::cin.get() != EOF) {
-        }
+    const std::jthread watch([&stopped] {
+        std::cin.get();
         stopped = true;
     });
     while (!stopped)
-        writer.step(std::string(argv[4]) == "other");
-    watch.join();
-    writer.leaveHalf();
-    writer.tell();
+        writer.step(std::string(argv[3]) == "other");
+    writer.end();
     return 0;
 }

@@ -28,6 +28,15 @@ std::filesystem::path TempFolder::write(const std::string& name, const std::stri
     return file;
 }
 
+Files TempFolder::files() const
+{
+    Files all;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path_))
+        if (entry.is_regular_file())
+            all[entry.path().lexically_relative(path_).string()] = bytesOf(entry.path());
+    return all;
+}
+
 void append(const std::filesystem::path& file, const std::string& bytes)
 {
     std::ofstream(file, std::ios::binary | std::ios::app) << bytes;

@@ -2,9 +2,13 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <string>
 
 namespace quorvin::test {
+
+/// What files hold, by their names within a folder.
+using Files = std::map<std::string, std::string>;
 
 class TempFolder {
 public:
@@ -17,6 +21,9 @@ public:
 
     /// Writes, or replaces, a file and returns its full name.
     std::filesystem::path write(const std::string& name, const std::string& bytes) const;
+
+    /// All files in it and in folders in it, links followed.
+    Files files() const;
 
 private:
     std::filesystem::path path_;
