@@ -13,56 +13,33 @@ namespace quorvin::fuzz {
 
 namespace {
 
-/// As the search driver asks the matcher about a record.
-class Asking {
-public:
-    Asking(const test::SlowSearch& search, const std::vector<std::string>& record) :
-        search_(search),
-        record_(record)
-    {
-    }
-
-    /// Whether the record is a hit; raises what its search texts do.
-    bool isHit(Matcher& matcher)
-    {
-        FieldList selection;
-        for (const int field : search_.selection)
-            selection.append(field);
-        const auto mode = static_cast<SearchMode>(search_.mode);
-        matcher.start(mode, selection, search_.texts, search_.eliminapuntegg);
+/// Asks the matcher about a record as the search driver does; raises what the search texts do.
+bool isHit(Matcher& matcher, const test::SlowSearch& search, const std::vector<std::string>& record)
+{
+    FieldList selection;
+    for (const int field : search.selection)
+        selection.append(field);
+    const auto mode = static_cast<SearchMode>(search.mode);
+    matcher.start(mode, selection, search.texts, search.eliminapuntegg);
+    matcher.toglipunti();
+    matcher.prepare();
+    const std::size_t firstJoined = record.size() - search.joined;
+    bool mayMatch = true;
+    for (std::size_t i = 1; i < record.size(); ++i) {
+        const auto field = static_cast<int>(i);
+        const bool joined = i >= firstJoined;
+        const auto filter = joined ? std::nullopt : matcher.filter(field, true);
+        mayMatch = mayMatch && (!filter || filter->mayHold(record[i]));
+        matcher.setFieldValue(field, joined ? std::string_view() : record[i]);
+        for (std::size_t j = firstJoined; joined && j < record.size(); ++j)
+            matcher.joinFieldValue(field, record[j]);
         matcher.toglipunti();
-        matcher.prepare();
-        bool mayMatch = true;
-        for (int i = 1; i <= selection.count(); ++i) {
-            const int field = selection.at(i);
-            const auto filter = isJoined(i) ? std::nullopt : matcher.filter(i, true);
-            mayMatch = mayMatch && (!filter || filter->mayHold(stored(field)));
-            fillValue(matcher, i);
-            matcher.toglipunti();
-            if (testsFieldByField(mode)) matcher.testField(i);
-        }
-        matcher.testFields();
-        require(mayMatch || !matcher.allMatched(), "the cheap test stops no hit");
-        return matcher.allMatched();
+        if (testsFieldByField(mode)) matcher.testField(field);
     }
-
-private:
-    const std::string& stored(int field) const { return record_.at(static_cast<std::size_t>(field)); }
-    std::size_t firstJoined() const { return search_.selection.size() - search_.joined; }
-    bool isJoined(int position) const { return static_cast<std::size_t>(position) > firstJoined(); }
-
-    void fillValue(Matcher& matcher, int position)
-    {
-        const int field = search_.selection.at(static_cast<std::size_t>(position) - 1);
-        matcher.setFieldValue(field, isJoined(position) ? std::string_view() : stored(field));
-        if (!isJoined(position)) return;
-        for (std::size_t j = firstJoined(); j < search_.selection.size(); ++j)
-            matcher.joinFieldValue(field, stored(search_.selection[j]));
-    }
-
-    const test::SlowSearch& search_;
-    const std::vector<std::string>& record_;
-};
+    matcher.testFields();
+    require(mayMatch || !matcher.allMatched(), "the cheap test stops no hit");
+    return matcher.allMatched();
+}
 
 /// Nothing where a search text has too many words.
 std::optional<bool> isHitSlowly(const test::SlowSearch& search, const std::vector<std::string>& record)
@@ -101,7 +78,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
             search.eliminapuntegg = option % 2 != 0;
             search.joined = option < 2 ? 0 : record.size() - 2;
             bool hit = false;
-            const int error = test::errorOf([&] { hit = Asking(search, record).isHit(matcher); });
+            const int error = test::errorOf([&] { hit = fuzz::isHit(matcher, search, record); });
             const std::optional<bool> slow = isHitSlowly(search, record);
             // The texts before the one with too many words may tell already that there is no hit.
             require(error == 0 ? slow == hit : !slow.value_or(false),

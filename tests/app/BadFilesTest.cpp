@@ -52,17 +52,6 @@ TEST_F(BadFilesTest, EachIsSaidAndTheNextFileOpens)
         expectMessages(file(), {QString::fromLatin1(message)});
 }
 
-TEST_F(BadFilesTest, ASparseFileOfManyGigabytes)
-{
-    const auto name = folder_.write("sparse.rec", test::rec({{}}).records(1).bytes());
-    std::filesystem::resize_file(name, std::uintmax_t{6} << 30);
-    openFile(name);
-    type("Text1", QStringLiteral("800000000"));
-    EXPECT_EQ(caption("Label14"), QStringLiteral("800000000"));
-    EXPECT_EQ(value(1), QString()) << "there is no line to read";
-    expectMessages(name, {});
-}
-
 TEST_F(BadFilesTest, Noise)
 {
     for (int i = 0; i < 30; ++i) {

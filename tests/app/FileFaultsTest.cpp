@@ -75,11 +75,26 @@ protected:
     {
         if (item(name).isChecked() != on) choose(name);
     }
-    void searchAfresh()
+    /// A search in a mode, instead of the one before; what it writes goes to a file of one name.
+    Journey searching(const char* mode, const char* before = nullptr)
     {
-        click("Command3");
-        dialogs_.yesAnswers = 9;
-        search({{2, "r"}});
+        return {mode, "!Errore!! ",
+                [this, mode, before] {
+                    if (before) tick(before, false);
+                    tick("elencorekord", mode != std::string("step"));
+                    if (mode != std::string("step")) tick(mode);
+                },
+                [this] {
+                    click("Command3");
+                    dialogs_.yesAnswers = 9;
+                    dialogs_.filesToSave = QStringList(inFolder("new.rec"));
+                    search({{2, "r"}});
+                }};
+    }
+    /// A move from a record, with nothing to be said but in the status bar.
+    Journey moving(const char* from, const std::function<void()>& act)
+    {
+        return {"move", nullptr, [this, from] { type("Text1", text(from)); }, act};
     }
     void clickHit(int row)
     {
@@ -217,21 +232,15 @@ TEST_F(FileFaultsTest, Opening)
 TEST_F(FileFaultsTest, Reading)
 {
     for (const Journey& journey : {
-             Journey{"Command1", nullptr, [this] { type("Text1", text("1")); },
-                     [this] { click("Command1"); }},
-             Journey{"Command2", nullptr, [this] { type("Text1", text("3")); },
-                     [this] { click("Command2"); }},
-             Journey{"Text1", nullptr, [this] { type("Text1", text("1")); },
-                     [this] { type("Text1", text("3")); }},
-             Journey{"steps", "!Errore!! ", [this] { tick("elencorekord", false); },
-                     [this] { searchAfresh(); }},
-             Journey{"list", "!Errore!! ", [this] { tick("elencorekord"); }, [this] { searchAfresh(); }},
+             moving("1", [this] { click("Command1"); }),
+             moving("3", [this] { click("Command2"); }),
+             moving("1", [this] { type("Text1", text("3")); }),
+             searching("step"),
+             searching("elencorekord"),
              Journey{"hit", "!Errore troppi rekord trovati !! ", [this] { tick("documento"), clickHit(0); },
                      [this] { clickHit(1); }},
-             Journey{"stamp2", "!Errore!! ", [this] { tick("documento", false), tick("stamp2"); },
-                     [this] { searchAfresh(); }},
-             Journey{"freq", "!Errore!! ", [this] { tick("stamp2", false), tick("freq"); },
-                     [this] { searchAfresh(); }},
+             searching("stamp2", "documento"),
+             searching("freq", "stamp2"),
              Journey{"stamp1", nullptr, [this] { tick("freq", false), tick("stamp1"); },
                      [this] {
                          type("Text8", text("1"));
@@ -259,8 +268,7 @@ TEST_F(FileFaultsTest, ReadingAhead)
     for (int i = 0; i < 16000; ++i)
         rec.record({"x", i % 4000 ? "" : "r", ""});
     open(rec);
-    const Journey journey = {"many records", "!Errore!! ", [this] { tick("elencorekord"); },
-                             [this] { searchAfresh(); }};
+    const Journey journey = searching("elencorekord");
     begin(journey);
     failEach(journey, failing_);
     failEach(journey, shortened_);
@@ -269,13 +277,6 @@ TEST_F(FileFaultsTest, ReadingAhead)
 
 TEST_F(FileFaultsTest, Writing)
 {
-    const auto creates = [this](const char* mode) {
-        return Journey{mode, "!Errore!! ", [this, mode] { tick("elencorekord"), tick(mode); },
-                       [this] {
-                           dialogs_.filesToSave = QStringList(inFolder("new.rec"));
-                           searchAfresh();
-                       }};
-    };
     const auto asks = [this](const char* item, const char* answer) {
         return Journey{item, "!Errore file !! ", [] {},
                        [this, item, answer] {
@@ -303,9 +304,9 @@ TEST_F(FileFaultsTest, Writing)
                          dialogs_.yesAnswers = 1;
                          choose("impostadoc");
                      }},
-             creates("creamatutto"),
-             creates("creamat1"),
-             creates("creamat2"),
+             searching("creamatutto"),
+             searching("creamat1"),
+             searching("creamat2"),
          }) {
         begin(journey);
         failEach(journey, failing_);

@@ -41,26 +41,6 @@ TEST_F(LineReaderTest, LineEnds)
     }
 }
 
-TEST_F(LineReaderTest, OnlyTheBeginningIsKept)
-{
-    struct Case {
-        const char* bytes;
-        std::size_t keep;
-        const char* text;
-        std::int64_t length;
-        char last;
-    };
-    for (const Case& c :
-         {Case{"abcd?\r\n", 4, "abcd", 5, '?'}, Case{"abcd?\r\n", 5, "abcd?", 5, '?'},
-          Case{"abcd?\r\n", 6, "abcd?", 5, '?'}, Case{"abcd?\n", 0, "", 5, '?'},
-          Case{"a\r\n", 1, "a", 1, 'a'}, Case{"\r\n", 1, "", 0, '\0'}, Case{"\n", 1, "", 0, '\0'}}) {
-        const TextLine line = read(c.bytes).readLine(c.keep);
-        EXPECT_EQ(line.text, c.text) << c.bytes << c.keep;
-        EXPECT_EQ(line.length, c.length) << c.bytes << c.keep;
-        EXPECT_EQ(line.last, c.last) << c.bytes << c.keep;
-    }
-}
-
 TEST_F(LineReaderTest, LinesAcrossBlocksAndPositions)
 {
     // Around every likely block size, so that CR and LF fall into different blocks once.

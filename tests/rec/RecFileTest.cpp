@@ -68,16 +68,13 @@ TEST_F(RecFileTest, Headers)
     }
 }
 
-TEST_F(RecFileTest, HeadersThatAnnounceTooManyFields)
+TEST_F(RecFileTest, TooManyFieldsAnnounced)
 {
     std::string lines;
     for (int i = 0; i < 201; ++i)
         lines += test::definitionLine({.length = 1}) + "\r\n";
-    for (const char* header : {"201 1\r\n", "999999999 1\r\n"}) {
-        EXPECT_EQ(load(header + lines), 9) << header;
-        EXPECT_EQ(file_.fieldCount(), 200);
-        EXPECT_EQ(file_.recordCount(), 0);
-    }
+    EXPECT_EQ(load("999999999 1\r\n" + lines), 9);
+    EXPECT_EQ(file_.fieldCount(), 200);
 }
 
 TEST_F(RecFileTest, FilesThatAreDamaged)
@@ -100,34 +97,6 @@ TEST_F(RecFileTest, FilesThatAreDamaged)
         const int expected = length + 2 == good.size() ? 0 : 62;
         EXPECT_TRUE(length > data ? error == expected : error != 0) << length << ": " << error;
     }
-}
-
-TEST_F(RecFileTest, Measures)
-{
-    struct Case {
-        int length;
-        int lines;
-        int bytes;
-    };
-    for (const Case& c :
-         {Case{1, 1, 4}, Case{78, 1, 81}, Case{79, 2, 85}, Case{156, 2, 162}, Case{157, 3, 166}}) {
-        const std::string whole = rec({{.length = c.length}}).record({"x"}).record({"y"}).bytes();
-        for (const std::size_t missing : {0U, 1U}) {
-            ASSERT_EQ(load(whole.substr(0, whole.size() - missing)), 0);
-            EXPECT_EQ(file_.linesPerRecord(), c.lines) << c.length;
-            EXPECT_EQ(file_.recordBytes(), c.bytes) << c.length;
-            EXPECT_EQ(file_.recordCount(), missing == 0 ? 2 : 1) << c.length;
-        }
-    }
-}
-
-TEST_F(RecFileTest, LinesThatEndInLfAlone)
-{
-    ASSERT_EQ(load(rec({{.length = 80}}, 1, "\n").record({"uno"}).record({"due"}, '?').bytes()), 0);
-    EXPECT_EQ(file_.recordBytes(), 84);
-    EXPECT_EQ(file_.recordCount(), 2);
-    EXPECT_EQ(rTrim(value(2, 1)), "due");
-    EXPECT_TRUE(file_.isDeleted());
 }
 
 TEST_F(RecFileTest, RecordsAreReadByNumber)
@@ -153,19 +122,12 @@ TEST_F(RecFileTest, RecordsAreReadByNumber)
     EXPECT_EQ(errorOf([&] { file_.seek(INT64_MAX); }), 5);
 }
 
-TEST_F(RecFileTest, CapitalsOnRequest)
+TEST_F(RecFileTest, CapitalsAndLinesThatAreShort)
 {
-    ASSERT_EQ(load(rec({{.length = 6}}).record({"citt\xE0 "}).bytes()), 0);
+    ASSERT_EQ(load(rec({{.length = 5}}).bytes() + "t\xE0!\r\n"), 0);
+    EXPECT_EQ(value(1, 1), "t\xE0!") << "with the mark";
     file_.impostMaiusc = true;
-    EXPECT_EQ(value(1, 1), "CITT\xC0 ");
-    file_.impostMaiusc = false;
-    EXPECT_EQ(value(1, 1), "citt\xE0 ");
-}
-
-TEST_F(RecFileTest, ALineThatIsShortLeavesItsMarkInTheText)
-{
-    ASSERT_EQ(load(rec({{.length = 5}}).bytes() + "ab!\r\n"), 0);
-    EXPECT_EQ(value(1, 1), "ab!");
+    EXPECT_EQ(value(1, 1), "T\xC0!");
     EXPECT_EQ(file_.lastMark(), '!');
 }
 
