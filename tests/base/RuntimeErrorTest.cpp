@@ -5,27 +5,25 @@
 #include <filesystem>
 #include <functional>
 #include <new>
+#include <tuple>
 
 namespace quorvin {
 namespace {
 
 TEST(RuntimeError, OtherExceptionsBecomeItsKind)
 {
-    struct Case {
-        std::function<void()> action;
-        ErrorNumber number;
-    };
-    for (const Case& c : {
+    using Case = std::tuple<std::function<void()>, ErrorNumber>;
+    for (const auto& [action, number] : {
              Case{[] { throw RuntimeError(ErrorNumber::subscript); }, ErrorNumber::subscript},
              Case{[] { throw std::bad_alloc(); }, ErrorNumber::outOfMemory},
              Case{[] { (void)std::filesystem::file_size("/no/such/file"); }, ErrorNumber::fileNotFound},
              Case{[] { throw std::length_error("x"); }, ErrorNumber::deviceError},
          }) {
         try {
-            c.action();
+            action();
             FAIL();
         } catch (const std::exception&) {
-            EXPECT_EQ(currentError().number(), c.number);
+            EXPECT_EQ(currentError().number(), number);
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "output/PrintFile.h"
 
 #include <limits>
+#include <tuple>
 
 #include "output/IntervalPrint.h"
 #include "output/PrintMatrix.h"
@@ -81,19 +82,16 @@ TEST_F(PrintFileTest, ASearch)
 TEST_F(PrintFileTest, RangesInTheHeader)
 {
     use(rec({{}}).records(5).bytes());
-    struct Case {
-        std::optional<SearchRange> range;
-        const char* header;
-    };
-    for (const Case& c :
-         {Case{{}, " A\r\n"}, Case{SearchRange{2.7, 4.2}, " A      da rekord: 2  a rekord: 4\r\n"},
+    using Case = std::tuple<std::optional<SearchRange>, const char*>;
+    for (const auto& [range, header] :
+         {Case{std::nullopt, " A\r\n"}, Case{SearchRange{2.7, 4.2}, " A      da rekord: 2  a rekord: 4\r\n"},
           Case{SearchRange{2, {}}, " A      da rekord: 2  a rekord: 5\r\n"},
           Case{SearchRange{12, 3}, " A      da rekord: 12  a rekord: 3\r\n"}}) {
         setMatrix({}, "A", 1);
         SearchQuery q = query(1, {1}, {"none"});
-        q.range = c.range;
+        q.range = range;
         EXPECT_EQ(run(q), 0);
-        EXPECT_EQ(print_.text(), std::string(c.header) + "  1.NONE   0");
+        EXPECT_EQ(print_.text(), std::string(header) + "  1.NONE   0");
     }
 }
 
@@ -104,21 +102,18 @@ TEST_F(PrintFileTest, Intervals)
         file.record({std::string(1, record)}, record == 'b' ? '?' : '!');
     use(file.bytes());
     setMatrix({1}, "not printed", 1);
-    struct Case {
-        double first, last;
-        bool norec;
-        std::string records;
-    };
-    for (const Case& c : {Case{1, 5, false, "abcde"}, Case{1, 5, true, "acde"}, Case{2.9, 3.9, false, "bc"},
-                          Case{5, 5, false, "e"}, Case{3, 2, false, ""}, Case{9, 5, false, ""},
-                          Case{1e300, 5, false, ""}, Case{0.9, 5, false, ""}, Case{-1, 5, false, ""},
-                          Case{1, 0, false, ""}, Case{1, 6, false, ""}, Case{1, 1e300, false, ""}}) {
+    using Case = std::tuple<double, double, bool, std::string>;
+    for (const auto& [first, last, norec, records] :
+         {Case{1, 5, false, "abcde"}, Case{1, 5, true, "acde"}, Case{2.9, 3.9, false, "bc"},
+          Case{5, 5, false, "e"}, Case{3, 2, false, ""}, Case{9, 5, false, ""}, Case{1e300, 5, false, ""},
+          Case{0.9, 5, false, ""}, Case{-1, 5, false, ""}, Case{1, 0, false, ""}, Case{1, 6, false, ""},
+          Case{1, 1e300, false, ""}}) {
         print_.clear();
-        EXPECT_EQ(printInterval(c.first, c.last, c.norec), 0);
+        EXPECT_EQ(printInterval(first, last, norec), 0);
         std::string expected;
-        for (const char record : c.records)
+        for (const char record : records)
             expected += std::string(" ") + record + " \r\n " + kSeparator;
-        EXPECT_EQ(print_.text(), expected) << c.first << " to " << c.last;
+        EXPECT_EQ(print_.text(), expected) << first << " to " << last;
     }
     EXPECT_TRUE(interval_.start(2, 5, false));
     EXPECT_EQ(interval_.progress(), 0);

@@ -1,6 +1,6 @@
 #include "output/RecExport.h"
 
-#include <sstream>
+#include <tuple>
 
 #include "tests/search/SearchFixture.h"
 
@@ -45,32 +45,6 @@ protected:
     const std::filesystem::path target_ = folder_.path() / "nuovo.rec";
 };
 
-/// Their questions stand on lines 1, 3, 4, 5 and so on, so that one empty line goes.
-TEST_F(RecExportTest, WholeFilesComeOutAsTheyWere)
-{
-    for (const auto& [name, count] : {std::pair("oswego.rec", 75), {"wnv.rec", 766}, {"infert.rec", 248}}) {
-        const std::string source = bytesOf(std::filesystem::path(TEST_DATA) / name);
-        use(source);
-        export_.prepare(RecExport::Target{target_, file_.fields().allFields(), greatestLength(true)});
-        EXPECT_EQ(run(query(4, {2}, {" "})), 0);
-        EXPECT_EQ(recordsWritten(), count) << name;
-
-        std::istringstream lines(source);
-        std::string expected, line;
-        std::getline(lines, line);
-        expected = line.substr(0, line.find(" VLAB")) + "\r\n";
-        for (int n = 1; n <= file_.fieldCount(); ++n) {
-            std::getline(lines, line);
-            const int row = std::stoi(line.substr(15, 4));
-            std::string counted = std::to_string(row > 1 ? row - 1 : 1);
-            counted.insert(0, 4 - counted.size(), ' ');
-            expected += line.replace(15, 4, counted).replace(27, 4, counted) + "\n";
-        }
-        expected += source.substr(static_cast<std::size_t>(lines.tellg()));
-        EXPECT_EQ(bytesOf(target_), expected) << name;
-    }
-}
-
 TEST_F(RecExportTest, TheFileAppearsWhenTheSearchEnds)
 {
     useLetters("axba");
@@ -102,41 +76,18 @@ TEST_F(RecExportTest, AnErrorLeavesWhatWasThere)
     useLetters("aba");
     folder_.write("nuovo.rec", "old");
     prepare();
-    struct Case {
-        const char* failsAt;
-        std::string bytes;
-        RecordNumber records;
-    };
-    for (const Case& c : {Case{"starts 1-3", "old", -1}, Case{"hit b  ", "old", -1},
-                          Case{"completed", withLetters("aba"), 3}}) {
-        failing_.failsAt = c.failsAt;
-        EXPECT_EQ(run(query(7, {1}, {"a b"})), 61) << c.failsAt;
-        EXPECT_EQ(bytesOf(target_), c.bytes) << c.failsAt;
-        EXPECT_EQ(recordsWritten(), c.records) << c.failsAt;
+    using Case = std::tuple<const char*, std::string, RecordNumber>;
+    for (const auto& [failsAt, bytes, records] : {Case{"starts 1-3", "old", -1}, Case{"hit b  ", "old", -1},
+                                                  Case{"completed", withLetters("aba"), 3}}) {
+        failing_.failsAt = failsAt;
+        EXPECT_EQ(run(query(7, {1}, {"a b"})), 61) << failsAt;
+        EXPECT_EQ(bytesOf(target_), bytes) << failsAt;
+        EXPECT_EQ(recordsWritten(), records) << failsAt;
     }
     const std::string source = bytesOf(name_);
     export_.prepare(RecExport::Target{folder_.path() / "." / "prova.rec", {1}, 80});
     EXPECT_EQ(run(query(7, {1}, {"a b"})), 75);
     EXPECT_EQ(bytesOf(name_), source);
-}
-
-TEST_F(RecExportTest, IsAskedBeforeEachSearch)
-{
-    useLetters("ab");
-    for (const std::string answer : {"write", "search", "refuse"}) {
-        std::filesystem::remove(target_);
-        export_.beforeSearch = [&](const SearchQuery& q) {
-            export_.prepare({});
-            if (answer == "write") export_.prepare(RecExport::Target{target_, q.selection.numbers(), 1});
-            return answer != "refuse";
-        };
-        EXPECT_EQ(run(query(7, {1}, {"a b"})), 0);
-        EXPECT_EQ(bytesOf(target_), answer == "write" ? withLetters("ab") : "") << answer;
-        EXPECT_EQ(consumer_.hits.size(), answer == "refuse" ? 0U : 2U) << answer;
-        if (answer == "search") {
-            EXPECT_EQ(recordsWritten(), -1) << "that of the search before is forgotten";
-        }
-    }
 }
 
 }  // namespace

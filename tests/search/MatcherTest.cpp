@@ -1,8 +1,4 @@
-#include <algorithm>
-#include <random>
-
 #include "tests/search/SearchFixture.h"
-#include "tests/search/SlowSearch.h"
 
 namespace quorvin {
 namespace {
@@ -72,100 +68,6 @@ TEST_F(MatcherTest, WhatMatchesInWhichMode)
         }
         for (std::size_t i = 0; i < found.size(); ++i)
             EXPECT_EQ(found[i], c.values[i].second) << c.pattern << " in " << c.values[i].first;
-    }
-}
-
-/// Records and search texts by chance, of few different characters so that much is found.
-class Chance {
-public:
-    std::size_t below(std::size_t limit) { return random_() % limit; }
-
-    std::string some(std::string_view of, std::size_t count)
-    {
-        std::string text;
-        while (text.size() < count)
-            text += of[below(of.size())];
-        return text;
-    }
-    std::string any(std::size_t most) { return some("aAbB12  +></.'-\xE0\xC0\x9A\x8A", below(most + 1)); }
-    std::string number() { return some("123", 1 + below(2)); }
-    std::string date() { return number() + "/" + some("123", 1) + "/200" + some("34", 1); }
-    std::string numeric() { return below(2) == 0 ? number() : date(); }
-
-    std::vector<std::string> record()
-    {
-        return {any(70), any(12), any(1), below(2) == 0 ? number() : any(3),
-                below(4) == 0 ? any(10) : numeric()};
-    }
-
-    /// `values`: those of some record.
-    std::string pattern(const std::vector<std::string>& values)
-    {
-        const std::string& value = values[below(values.size())];
-        const std::string part = value.substr(below(value.size() + 1), below(2) == 0 ? 3 : 20);
-        const std::string interval = some("<>", 1) + any(1) + numeric();
-        const std::string texts[] = {value,
-                                     part,
-                                     any(3),
-                                     part + " " + any(2),
-                                     part + "+" + any(1) + " " + any(2),
-                                     interval,
-                                     interval + some(" <>", 1) + interval};
-        return texts[below(std::size(texts))];
-    }
-
-private:
-    std::mt19937 random_{20040615};
-};
-
-TEST_F(MatcherTest, AgreesWithTheSlowComparison)
-{
-    Chance chance;
-    test::RecBuilder built =
-        test::rec({{.length = 70}, {.length = 12}, {.length = 1}, {.length = 3}, {.length = 10}});
-    for (int n = 0; n < 300; ++n)
-        built.record(chance.record());
-    // The last hundred records stand beside their places.
-    use(std::string(built.bytes()).insert(built.bytes().size() * 2 / 3, 25, 'x'));
-    std::vector<std::vector<std::string>> records;
-    for (RecordNumber n = 1; n <= file_.recordCount(); ++n) {
-        file_.seek(n);
-        file_.caricastring();
-        records.emplace_back();
-        for (int field = 0; field <= file_.fieldCount(); ++field)
-            records.back().emplace_back(file_.fieldValue(field));
-    }
-    for (int mode = 1; mode <= kSearchModes; ++mode) {
-        std::size_t found = 0;
-        for (int round = 0; round < 200; ++round) {
-            const std::string options =
-                std::string(round % 2 == 0 ? "eliminapuntegg " : "") + (round % 4 > 1 ? "unirek" : "");
-            test::SlowSearch slow{mode, round % 2 == 0, {}, {}, 0};
-            do {
-                slow.selection.push_back(1 + static_cast<int>(chance.below(5)));
-                slow.texts.push_back(chance.pattern(records[chance.below(records.size())]));
-            } while (slow.selection.size() < 3 && chance.below(2) == 0);
-            SearchQuery q = query(mode, slow.selection, slow.texts, options);
-            if (q.unirek) slow.joined = slow.selection.size();
-            if (q.unirek && slow.selection.size() > 1) {
-                // The first field stands before the join list.
-                q.joinList.clear();
-                for (std::size_t i = 1; i < slow.selection.size(); ++i)
-                    q.joinList.append(slow.selection[i]);
-                --slow.joined;
-            }
-            file_.impostMaiusc = chance.below(2) == 0;
-            const std::vector<RecordNumber> hits = search(q);
-            found += hits.size();
-            for (std::size_t i = 0; i < records.size(); ++i) {
-                const bool hit =
-                    std::binary_search(hits.begin(), hits.end(), static_cast<RecordNumber>(i) + 1);
-                ASSERT_EQ(hit, isHit(slow, records[i]))
-                    << "mode " << mode << options << testing::PrintToString(slow.texts)
-                    << testing::PrintToString(slow.selection) << testing::PrintToString(records[i]);
-            }
-        }
-        EXPECT_GT(found, 1000U) << "too little to tell anything, mode " << mode;
     }
 }
 

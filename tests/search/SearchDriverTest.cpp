@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <tuple>
 
 #include "tests/search/SearchFixture.h"
 
@@ -19,13 +20,7 @@ TEST_F(SearchDriverTest, LinesOfTheLists)
             .record({"Rossi", "Roma"})
             .bytes());
     const auto blanks = [](std::size_t count) { return std::string(count, ' '); };
-    struct Case {
-        const char* options;
-        std::vector<int> selection;
-        int startField;
-        Lines lines;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::vector<int>, int, Lines> cases[] = {
         {"maxel", {1, 2}, 1, {" 1. " + letters + " ", " 2. Rossi "}},
         {"Check2", {2, 3}, 1, {" 1. " + letters + "   Pisa", " 2. Rossi Roma"}},
         {"Check2", {2}, 3, {" 1.  7 ", " 2.  "}},
@@ -37,11 +32,11 @@ TEST_F(SearchDriverTest, LinesOfTheLists)
          {"Rossi" + blanks(15) + "Roma [2]", letters.substr(0, 19) + "   Pisa [1]"}},
         {"sort Check2", {1}, 3, {"     [2]", " 7   [1]"}},
     };
-    for (const Case& c : cases) {
-        SearchQuery q = query(2, c.selection, Lines(c.selection.size(), " "), c.options);
-        q.startField = c.startField;
+    for (const auto& [options, selection, startField, expected] : cases) {
+        SearchQuery q = query(2, selection, Lines(selection.size(), " "), options);
+        q.startField = startField;
         EXPECT_EQ(run(q), 0);
-        EXPECT_EQ(lines(), c.lines);
+        EXPECT_EQ(lines(), expected);
     }
 }
 
@@ -92,11 +87,7 @@ TEST_F(SearchDriverTest, Ranges)
     use(rec({{}}).records(4).bytes());
     test::append(name_, "r5   !\r\n");
     using enum SearchDriver::Started;
-    struct Case {
-        double from, to;
-        SearchDriver::Started started;
-        Numbers found;
-    };
+    using Case = std::tuple<double, double, SearchDriver::Started, Numbers>;
     const Case cases[] = {{0, 3, badStart, {}},
                           {0.9, 3, badStart, {}},
                           {-1, 0, badStart, {}},
@@ -109,13 +100,13 @@ TEST_F(SearchDriverTest, Ranges)
                           {5, 5, running, {5}},
                           {5, 3, running, {}},
                           {9, 3, running, {}}};
-    for (const Case& c : cases) {
+    for (const auto& [from, to, started, found] : cases) {
         SearchQuery q = query(4, {1}, {" "});
-        q.range = {c.from, c.to};
+        q.range = {from, to};
         consumer_.hits.clear();
-        EXPECT_EQ(driver_.start(q), c.started) << c.from << " to " << c.to;
+        EXPECT_EQ(driver_.start(q), started) << from << " to " << to;
         EXPECT_EQ(finish(), 0);
-        EXPECT_EQ(consumer_.hits, c.found) << c.from << " to " << c.to;
+        EXPECT_EQ(consumer_.hits, found) << from << " to " << to;
     }
     EXPECT_EQ(search(query(4, {1}, {" "})), (Numbers{1, 2, 3, 4, 5}));
 }
@@ -124,26 +115,21 @@ TEST_F(SearchDriverTest, AConsumerMayWantNoSearch)
 {
     use(rec({{.length = 1}}).record({"a"}).bytes());
     using enum SearchDriver::Started;
-    struct Case {
-        double from;
-        bool firstWilling, secondWilling;
-        SearchDriver::Started started;
-        int secondAsked;
-        const char* log;
-    };
-    for (const Case& c : {Case{0, true, false, badStart, 0, ""}, Case{1, false, true, refused, 0, ""},
-                          Case{1, true, false, refused, 1, ""},
-                          Case{1, true, true, running, 1, "starts 1-1, matched A, hit a, completed"}}) {
-        failing_.willing = c.firstWilling;
-        consumer_.willing = c.secondWilling;
+    using Case = std::tuple<double, bool, bool, SearchDriver::Started, int, const char*>;
+    for (const auto& [from, firstWilling, secondWilling, started, secondAsked, log] :
+         {Case{0, true, false, badStart, 0, ""}, Case{1, false, true, refused, 0, ""},
+          Case{1, true, false, refused, 1, ""},
+          Case{1, true, true, running, 1, "starts 1-1, matched A, hit a, completed"}}) {
+        failing_.willing = firstWilling;
+        consumer_.willing = secondWilling;
         consumer_.asked = 0;
         SearchQuery q = query(4, {1}, {" "});
-        q.range = {c.from, {}};
-        EXPECT_EQ(driver_.start(q), c.started);
+        q.range = {from, {}};
+        EXPECT_EQ(driver_.start(q), started);
         EXPECT_EQ(finish(), 0);
-        EXPECT_EQ(consumer_.asked, c.secondAsked);
-        EXPECT_EQ(failing_.log, c.log) << "all are asked before one is told of a search";
-        EXPECT_EQ(consumer_.log, c.log);
+        EXPECT_EQ(consumer_.asked, secondAsked);
+        EXPECT_EQ(failing_.log, log) << "all are asked before one is told of a search";
+        EXPECT_EQ(consumer_.log, log);
     }
 }
 
@@ -154,21 +140,16 @@ TEST_F(SearchDriverTest, OptionsAndCriteria)
             .record({" ros", "SI"}, '?')
             .record({"", "rossi"})
             .bytes());
-    struct Case {
-        const char* options;
-        Lines texts;
-        Numbers found;
-        const char* criteria;
-    };
+    using Case = std::tuple<const char*, Lines, Numbers, const char*>;
     const Case cases[] = {
         {"", {"ROS ", " s"}, {1, 2}, " 1.ROS   2.S   2"},
         {"norec", {"ros", "s"}, {1}, " 1.ROS   2.S   1"},
         {"unirek", {"rossi", "ssi"}, {1, 2, 3}, " 1.ROSSI   2.SSI   3"},
         {"", {"rossi", "ssi"}, {}, " 1.ROSSI   2.SSI   0"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(search(query(4, {1, 2}, c.texts, c.options)), c.found) << c.criteria;
-        EXPECT_EQ(driver_.criteria(), c.criteria);
+    for (const auto& [options, texts, found, criteria] : cases) {
+        EXPECT_EQ(search(query(4, {1, 2}, texts, options)), found) << criteria;
+        EXPECT_EQ(driver_.criteria(), criteria);
     }
 }
 
@@ -187,14 +168,7 @@ TEST_F(SearchDriverTest, AFieldJoinedAtOnePlaceCarriesTheJoinedValueAtAll)
 TEST_F(SearchDriverTest, MoreThanFiftyWordsEndASearchAtTheFirstRecordTested)
 {
     use(rec({{.length = 1}}).record({"a"}, '?').record({"b"}, '?').record({"c"}).bytes());
-    struct Case {
-        int mode, words;
-        const char* options;
-        double to;
-        int error;
-        const char* log;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, const char*, double, int, const char*> cases[] = {
         {6, 50, "", 3, 0, "starts 1-3, completed"},
         {7, 50, "", 1, 0, "starts 1-1, matched A, hit a, completed"},
         {6, 51, "", 2, 9, "starts 1-2, failed"},
@@ -202,14 +176,14 @@ TEST_F(SearchDriverTest, MoreThanFiftyWordsEndASearchAtTheFirstRecordTested)
         {7, 51, "norec", 2, 0, "starts 1-2, completed"},
         {4, 51, "", 3, 0, "starts 1-3, completed"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [mode, count, options, to, error, log] : cases) {
         std::string words = "b";
-        for (int n = 1; n < c.words; ++n)
+        for (int n = 1; n < count; ++n)
             words += "  a";
-        SearchQuery q = query(c.mode, {1, 1}, {"a c", words + " "}, c.options);
-        q.range = {1, c.to};
-        EXPECT_EQ(run(q), c.error) << c.mode << c.log;
-        EXPECT_EQ(consumer_.log, c.log) << c.mode;
+        SearchQuery q = query(mode, {1, 1}, {"a c", words + " "}, options);
+        q.range = {1, to};
+        EXPECT_EQ(run(q), error) << mode << log;
+        EXPECT_EQ(consumer_.log, log) << mode;
     }
 }
 
@@ -256,12 +230,7 @@ TEST_F(SearchDriverTest, AConsumerThatFailsEndsTheSearch)
 {
     use(rec({{.length = 1}}).record({"a"}).record({"-"}).record({"b"}).bytes());
     const std::string all = "starts 1-3, matched A, hit a, matched B, hit b, completed";
-    struct Case {
-        const char* options;
-        const char* failsAt;
-        std::string log;  ///< of the consumer behind the failing one
-        double hitCount;
-    };
+    using Case = std::tuple<const char*, const char*, std::string, double>;
     const Case cases[] = {
         {"", "", all, 2},
         {"step", "", all, 2},
@@ -271,12 +240,12 @@ TEST_F(SearchDriverTest, AConsumerThatFailsEndsTheSearch)
         {"step", "hit a", "starts 1-3, matched A, failed", 1},
         {"", "completed", all, 2},
     };
-    for (const Case& c : cases) {
-        failing_.failsAt = c.failsAt;
-        EXPECT_EQ(run(query(5, {1}, {"-"}, c.options)), *c.failsAt == 0 ? 0 : 61) << c.failsAt;
-        EXPECT_EQ(consumer_.log, c.log) << c.failsAt;
-        EXPECT_EQ(driver_.hitCount(), c.hitCount) << c.failsAt;
-        EXPECT_EQ(lines().size(), *c.options == 0 ? c.hitCount : 0) << c.failsAt;
+    for (const auto& [options, failsAt, log, hitCount] : cases) {
+        failing_.failsAt = failsAt;
+        EXPECT_EQ(run(query(5, {1}, {"-"}, options)), *failsAt == 0 ? 0 : 61) << failsAt;
+        EXPECT_EQ(consumer_.log, log) << failsAt;
+        EXPECT_EQ(driver_.hitCount(), hitCount) << failsAt;
+        EXPECT_EQ(lines().size(), *options == 0 ? hitCount : 0) << failsAt;
     }
 }
 

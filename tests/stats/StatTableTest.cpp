@@ -1,12 +1,9 @@
-#include <algorithm>
-#include <map>
 #include <tuple>
 
 #include "stats/RowOrder.h"
 #include "stats/StatRun.h"
 #include "stats/StatTable.h"
 #include "tests/search/SearchFixture.h"
-#include "tests/search/SlowSearch.h"
 
 namespace quorvin {
 namespace {
@@ -15,7 +12,6 @@ using test::query;
 using test::rec;
 using Rows = std::vector<std::string>;
 using Fields = std::vector<int>;
-using Pair = std::pair<std::string, std::string>;
 
 /// The parts of a text between separators.
 Rows split(const std::string& text, char separator)
@@ -41,39 +37,6 @@ Rows rowsOf(const StatGrid& grid)
             rows.back() += '|' + cell.text + kMarks[static_cast<std::size_t>(cell.background)];
         }
     }
-    return rows;
-}
-
-/// The rows for these pairs of row and column value, without sums, by another way: slow and plain.
-Rows slowRows(const StatOptions& options, const std::vector<Pair>& counted)
-{
-    const std::string kAll = "\n";  // no value is like this
-    const auto addNew = [](Rows& values, const std::string& value) {
-        if (std::ranges::find(values, value) == values.end()) values.push_back(value);
-    };
-    Rows ys;
-    Rows xs;
-    std::map<Pair, int> counts;
-    for (auto [y, x] : counted) {
-        if (y.empty() || ys.size() == 799 || xs.size() == 199) continue;
-        if (options.accorpa && y.find('/') != std::string::npos) y.erase(0, 3);
-        addNew(ys, y);
-        if (!x.empty()) addNew(xs, x);
-        for (const Pair& pair : {Pair(y, x), Pair(y, kAll), Pair(kAll, x), Pair(kAll, kAll)})
-            ++counts[pair];
-    }
-    if (counts[{kAll, ""}] > 0) xs.emplace_back();
-    ys.push_back(kAll);
-    xs.push_back(kAll);
-    Rows rows(1);
-    for (const std::string& x : xs)
-        rows[0] += '|' + (x == kAll || options.mode == StatMode::freq ? "" : x);
-    for (const std::string& y : ys) {
-        rows.push_back(y == kAll ? "" : y);
-        for (const std::string& x : xs)
-            rows.back() += counts[{y, x}] == 0 ? "|" : '|' + std::to_string(counts[{y, x}]);
-    }
-    rows.emplace_back(xs.size(), '|');
     return rows;
 }
 
@@ -110,12 +73,7 @@ protected:
 
 TEST_F(StatTableTest, Grids)
 {
-    struct Case {
-        const char* options;  ///< "still": as many characters are dropped as before
-        Fields fields;
-        const char* records;
-        const char* rows;
-    };
+    using Case = std::tuple<const char*, Fields, const char*, const char*>;
     const Case cases[] = {
         {"", {2}, "= b;=a;X=B", "||;B|2|2;A|1|1;|3|3;||"},
         {"", {1, 2}, "X=a;Y=a;X=", "|||;A|1|1|2;|1|1|2;|||"},
@@ -137,11 +95,11 @@ TEST_F(StatTableTest, Grids)
         {"tabella SommaCampNum", {1, 2}, "2.50=a;X=a;=a;2.50=a", "|2.50|X||;A|2|1|1|4;|2|1|1|4;|5*|||5#"},
         {"tabella SommaCampNum", {1, 2}, "-3=9;2 M=9", "|-3|2 M|;9|1|1|2;|1|1|2;|-3*|2*|"},
     };
-    for (const Case& c : cases) {
-        useRecords(c.records);
-        if (c.options != std::string("still")) stat_.table.inizioData = 0;
-        count(query(2, c.fields, Rows(c.fields.size()), c.options), c.options);
-        EXPECT_EQ(rowsOf(stat_.grid()), split(c.rows, ';')) << c.records;
+    for (const auto& [options, fields, records, rows] : cases) {
+        useRecords(records);
+        if (options != std::string("still")) stat_.table.inizioData = 0;
+        count(query(2, fields, Rows(fields.size()), options), options);
+        EXPECT_EQ(rowsOf(stat_.grid()), split(rows, ';')) << records;
     }
 }
 
@@ -201,57 +159,10 @@ TEST_F(StatTableTest, WhatIsLeftAfterASearch)
     }
 }
 
-TEST_F(StatTableTest, AsCountedSlowlyInRealFiles)
-{
-    struct Case {
-        const char* file;
-        test::SlowSearch search;
-        const char* options;
-        RecordNumber from, to;
-    };
-    const Case cases[] = {
-        {"wnv", {4, false, {3}, {" "}}, "", 1, 766},
-        {"wnv", {4, false, {2}, {" "}}, "", 1, 766},
-        {"wnv", {4, false, {2, 3}, {" ", "s"}}, "tabella norec", 1, 766},
-        {"wnv", {5, false, {3, 4}, {"Kern", ""}}, "tabella norec", 90, 766},
-        {"wnv", {7, false, {6, 7}, {"WNF WNND", "06 07"}}, "tabella accorpa", 1, 766},
-        {"wnv", {4, false, {9, 8}, {"no", "/"}}, "accorpa", 2, 765},
-        {"oswego", {2, true, {7, 5}, {"", ""}}, "tabella accorpa eliminapuntegg", 1, 75},
-        {"oswego", {2, false, {8, 7}, {"", ""}}, "tabella norec", 1, 75},
-        {"infert", {8, false, {3, 8}, {">30", "<60"}}, "tabella", 1, 248},
-    };
-    for (const Case& c : cases) {
-        use(test::bytesOf(TEST_DATA "/" + std::string(c.file) + ".rec"));
-        const Fields& fields = c.search.selection;
-        SearchQuery q = query(c.search.mode, fields, c.search.texts, c.options);
-        q.range = {static_cast<double>(c.from), static_cast<double>(c.to)};
-        stat_.table.inizioData = 0;
-        count(q, c.options);
-        std::vector<Pair> hits;
-        for (RecordNumber n = c.from; n <= c.to; ++n) {
-            file_.seek(n);
-            file_.caricastring();
-            Rows record;
-            for (int field = 0; field <= file_.fieldCount(); ++field)
-                record.push_back(test::prepared(c.search, std::string(file_.fieldValue(field))));
-            const auto value = [&](int field) { return record.at(static_cast<std::size_t>(field)); };
-            if (!(q.norec && file_.isDeleted()) && test::isHit(c.search, record))
-                hits.emplace_back(value(fields.back()), fields.size() > 1 ? value(fields[0]) : "");
-        }
-        EXPECT_EQ(rowsOf(stat_.grid()), slowRows(options_, hits)) << c.file << ' ' << c.options;
-    }
-}
-
 TEST(RowOrder, NumbersThenDatesThenText)
 {
     using enum Direction;
-    struct Case {
-        int column;
-        Direction direction;
-        const char* counted;
-        const char* rows;
-    };
-    const Case cases[] = {
+    const std::tuple<int, Direction, const char*, const char*> cases[] = {
         {0, ascending, "10;-2;9;+3;2.5", "-2;2.5;+3;9;10"},
         {0, descending, "10;9;11", "11;10;9"},
         {0, ascending, "B;9;10", "10;9;B"},
@@ -264,14 +175,14 @@ TEST(RowOrder, NumbersThenDatesThenText)
         {1, ascending, "A;B;C;A;C;D;A;A;A;A;A;A;A;A", "B;D;C;A"},
         {2, descending, "A;B;C;A;C;D", "A;C;B;D"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [column, direction, counted, expected] : cases) {
         StatTable table;
-        for (const std::string& value : split(c.counted, ';'))
+        for (const std::string& value : split(counted, ';'))
             table.statistica(value, "");
         std::string rows;
-        for (const int row : rowOrder(StatGrid(table, {}, {}), c.column, c.direction))
+        for (const int row : rowOrder(StatGrid(table, {}, {}), column, direction))
             rows += (rows.empty() ? "" : ";") + table.valoriY(row);
-        EXPECT_EQ(rows, c.rows);
+        EXPECT_EQ(rows, expected);
     }
 }
 
