@@ -6,16 +6,15 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDropEvent>
-#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSlider>
 #include <QTest>
 #include <QUrl>
+#include <tuple>
 
 #include "app/FormCanvas.h"
-#include "app/MenuTable.h"
 #include "tests/support/WindowTest.h"
 
 namespace quorvin {
@@ -23,20 +22,6 @@ namespace {
 
 class FormstartTest : public test::WindowTest {
 protected:
-    /// Names of the menu items and menus that are enabled.
-    QStringList enabledItems()
-    {
-        QStringList names;
-        for (const MenuRow& row : menuTable()) {
-            if (row.kind == MenuKind::separator) continue;
-            const std::string name(row.name);
-            const QAction* action =
-                row.kind == MenuKind::menu ? control<QMenu>(name.c_str()).menuAction() : &item(name.c_str());
-            if (action->isEnabled()) names.append(QString::fromStdString(name));
-        }
-        return names;
-    }
-
     void drop(QWidget& target, QMimeData& media, QPointF point)
     {
         QDragEnterEvent enter(point.toPoint(), Qt::CopyAction | Qt::MoveAction, &media, Qt::LeftButton,
@@ -48,26 +33,14 @@ protected:
     }
 };
 
-TEST_F(FormstartTest, WithoutAFileOnlyOpeningHelpAndLeavingAreOfUse)
+TEST_F(FormstartTest, AFileThatIsMissingLeavesNoneOpen)
 {
-    const QStringList expected = {QStringLiteral("indice"),  QStringLiteral("aprifile"),
-                                  QStringLiteral("esci"),    QStringLiteral("inf"),
-                                  QStringLiteral("note"),    QStringLiteral("limiti"),
-                                  QStringLiteral("versione")};
-    EXPECT_EQ(enabledItems(), expected);
     EXPECT_TRUE(control("Label7").isVisible());
-    EXPECT_FALSE(control("Command1").isEnabled());
-
     open(test::rec({{}}).records(1));
     EXPECT_FALSE(control("Label7").isVisible());
-    for (const char* name : {"preferenze", "impostMaiusc", "compEpidat", "EpiData"})
-        EXPECT_TRUE(item(name).isEnabled()) << name;
-    for (const char* name : {"cercarekord", "stampa", "opz", "stat", "esporta", "sortmenu"})
-        EXPECT_TRUE(control<QMenu>(name).menuAction()->isEnabled()) << name;
-    EXPECT_TRUE(form_->focusWidget() == &control("Text1"));
-
+    EXPECT_EQ(form_->focusWidget(), &control("Text1"));
     openFile(folder_.path() / "missing.rec");
-    EXPECT_EQ(enabledItems(), expected) << "as before any file";
+    EXPECT_TRUE(control("Label7").isVisible());
 }
 
 TEST_F(FormstartTest, TheMenuBarsAccessKeysDiffer)
@@ -100,6 +73,7 @@ TEST_F(FormstartTest, AnotherFileStartsAfresh)
     click("Text2(2)");
     click("Command1");
     choose("preferenze");
+    choose("impostMaiusc");
     control<QSlider>("Slider1").setValue(-20);
     open(test::rec({{}, {}}).record({"new"}, '?'));
     EXPECT_FALSE(control("Text2(3)").isVisible());
@@ -108,10 +82,8 @@ TEST_F(FormstartTest, AnotherFileStartsAfresh)
     EXPECT_EQ(caption("Label14"), QStringLiteral("Rekord n."));
     EXPECT_EQ(control<QSlider>("Slider1").value(), 0);
     EXPECT_FALSE(item("preferenze").isChecked());
-    EXPECT_FALSE(control("Frame10").isVisible());
-    EXPECT_TRUE(control<QMenu>("stampa").menuAction()->isEnabled());
     click("Command1");
-    EXPECT_EQ(value(1), QStringLiteral("new  "));
+    EXPECT_EQ(value(1), QStringLiteral("NEW  ")) << "capitals last for the run";
 }
 
 TEST_F(FormstartTest, CompatibilityFollowsTheLongestFieldAndTheUser)
@@ -126,20 +98,6 @@ TEST_F(FormstartTest, CompatibilityFollowsTheLongestFieldAndTheUser)
     EXPECT_EQ(control<QSlider>("Slider1").minimum(), -200);
     choose("compEpidat");
     EXPECT_EQ(control<QSlider>("Slider1").minimum(), -10);
-}
-
-TEST_F(FormstartTest, PreferencesDisableTheirMenusAndGiveThemBack)
-{
-    open(test::rec({{}}).records(1));
-    const QStringList before = enabledItems();
-    choose("preferenze");
-    EXPECT_TRUE(control("Frame10").isVisible());
-    for (const char* name : {"esporta", "stat", "stampa"})
-        EXPECT_FALSE(control<QMenu>(name).menuAction()->isEnabled()) << name;
-    QTest::keyClick(&control("Check1"), Qt::Key_Escape);
-    EXPECT_FALSE(control("Frame10").isVisible());
-    EXPECT_FALSE(item("preferenze").isChecked());
-    EXPECT_EQ(enabledItems(), before);
 }
 
 TEST_F(FormstartTest, TheFrameOpenedLastStandsInFront)
@@ -162,38 +120,18 @@ TEST_F(FormstartTest, TheGridPreferenceWarnsOfAnEmptyMatrix)
     EXPECT_FALSE(control("Check4").isEnabled());
 }
 
-TEST_F(FormstartTest, CapitalsLastForTheRun)
-{
-    open(test::rec({{}}).records(2));
-    choose("impostMaiusc");
-    click("Command1");
-    EXPECT_EQ(value(1), QStringLiteral("R1   "));
-    open(test::rec({{}}).records(2));
-    click("Command1");
-    EXPECT_EQ(value(1), QStringLiteral("R1   "));
-    choose("impostMaiusc");
-    click("Command1");
-    EXPECT_EQ(value(1), QStringLiteral("r2   "));
-}
-
 TEST_F(FormstartTest, BuiltInTextsOpenAndClose)
 {
-    struct Case {
-        const char* menu;
-        const char* frame;
-        const char* holds;
-    };
-    for (const Case& c : {Case{"note", "Frame7", "imposta matrice"},
-                          Case{"limiti", "Frame5", "massima dimensione griglie      :800 X 200   "},
-                          Case{"versione", "Frame6", "Quorvin"}}) {
-        choose(c.menu);
-        EXPECT_TRUE(control(c.frame).isVisible());
-        EXPECT_TRUE(item(c.menu).isChecked());
-        const auto* box = control(c.frame).findChild<QPlainTextEdit*>();
-        EXPECT_TRUE(box->toPlainText().contains(QString::fromLatin1(c.holds))) << c.menu;
-        QTest::keyClick(control(c.frame).focusProxy(), Qt::Key_Escape);
-        EXPECT_FALSE(control(c.frame).isVisible());
-        EXPECT_FALSE(item(c.menu).isChecked());
+    using Case = std::tuple<const char*, const char*, const char*>;
+    for (const auto& [menu, frame, part] :
+         {Case{"note", "Frame7", "imposta matrice"},
+          Case{"limiti", "Frame5", "massima dimensione griglie      :800 X 200   "},
+          Case{"versione", "Frame6", "Quorvin"}}) {
+        choose(menu);
+        const auto* box = control(frame).findChild<QPlainTextEdit*>();
+        EXPECT_TRUE(box->toPlainText().contains(QString::fromLatin1(part))) << menu;
+        QTest::keyClick(control(frame).focusProxy(), Qt::Key_Escape);
+        EXPECT_FALSE(control(frame).isVisible() || item(menu).isChecked()) << menu;
     }
 }
 
@@ -201,9 +139,9 @@ TEST_F(FormstartTest, EscapeClosesOneFrameAfterTheOtherAndGivesTheFocusBack)
 {
     open(test::rec({{}}).records(1));
     control("Text2(1)").setFocus();
-    for (const char* menu : {"versione", "limiti", "note"})
+    for (const char* menu : {"preferenze", "versione", "limiti", "note"})
         choose(menu);
-    for (const char* frame : {"Frame7", "Frame5", "Frame6"}) {
+    for (const char* frame : {"Frame7", "Frame5", "Frame6", "Frame10"}) {
         EXPECT_TRUE(control(frame).isVisible()) << frame;
         QTest::keyClick(form_->focusWidget(), Qt::Key_Escape);
         EXPECT_FALSE(control(frame).isVisible()) << frame;
@@ -242,12 +180,6 @@ TEST_F(FormstartTest, LowScreensGetLowerLines)
     EXPECT_LE(low * kFormLines + form_->menuBar()->height(), 600);
     choose("adatta600");
     EXPECT_EQ(control<FormCanvas>("Form").scale().lineHeight(), usual);
-}
-
-TEST_F(FormstartTest, LeavingClosesTheWindow)
-{
-    choose("esci");
-    EXPECT_FALSE(form_->isVisible());
 }
 
 }  // namespace

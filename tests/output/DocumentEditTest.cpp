@@ -45,12 +45,12 @@ TEST_F(DocumentEditTest, TheBarFormatsWhatIsSelected)
     }
     dialogs_.colour = QColor(1, 2, 3);
     click("colour");
-    const auto typeInto = [this](const char* name, const char* words) {
+    const auto typeInto = [this](const char* name, const char* words, Qt::Key end = Qt::Key_Return) {
         QLineEdit& line = *control<QComboBox>(name).lineEdit();
         line.setFocus();
         line.selectAll();
         QTest::keyClicks(&line, text(words));
-        QTest::keyClick(&line, Qt::Key_Return);
+        QTest::keyClick(&line, end);
     };
     typeInto("fontSize", "2");
     EXPECT_EQ(formatAt(0).fontPointSize(), 2);
@@ -65,21 +65,13 @@ TEST_F(DocumentEditTest, TheBarFormatsWhatIsSelected)
     }
     EXPECT_EQ(control<QComboBox>("fontSize").currentText(), text("17.5"));
     EXPECT_EQ(control<QComboBox>("fontName").currentText(), text("DejaVu Sans"));
-    QLineEdit& size = *control<QComboBox>("fontSize").lineEdit();
-    const auto typeSize = [&](const char* words, Qt::Key key) {
-        size.setFocus();
-        size.selectAll();
-        QTest::keyClicks(&size, text(words));
-        QTest::keyClick(&size, key);
-    };
-    typeSize("40", Qt::Key_Escape);
+    typeInto("fontSize", "40", Qt::Key_Escape);
     EXPECT_EQ(formatAt(0).fontPointSize(), 17.5);
-    typeSize("30", Qt::Key_0);
-    QTest::keyClick(&size, Qt::Key_Backspace);
+    typeInto("fontSize", "300", Qt::Key_Backspace);
     click("italic");
     click("italic");
     EXPECT_EQ(formatAt(0).fontPointSize(), 30);
-    typeSize("17,5", Qt::Key_Tab);
+    typeInto("fontSize", "17,5", Qt::Key_Tab);
     // By keys one stays in the list, from the size that is.
     control("fontSize").setFocus();
     QTest::keyClick(&control("fontSize"), Qt::Key_Down);

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QTest>
 #include <algorithm>
+#include <tuple>
 
 #include "tests/output/OutputFixture.h"
 
@@ -19,23 +20,20 @@ using ExportPanelTest = test::OutputTest;
 
 TEST_F(ExportPanelTest, NewFilesOfEachKind)
 {
-    struct Case {
-        const char* mode;
-        const char* written;
-    };
+    using Case = std::tuple<const char*, const char*>;
     chooseMatrix({3, 1, 3});
     choose("elencorekord");
-    for (const Case& c : {
+    for (const auto& [mode, written] : {
              Case{"creamat1", "66Bruni !\r\n65Rossi ?\r\n"},
              Case{"creamat2", "66!\r\n65?\r\n"},
              Case{"creamatutto", "Bruni Roma66!\r\nRossi Bari65?\r\n"},
          }) {
-        choose(c.mode);
+        choose(mode);
         dialogs_.filesToSave = QStringList(inFolder("new.rec"));
         dialogs_.yesAnswers = 1;
         search({{3, "6"}});
         const std::string bytes = bytesOf(folder_.path() / "new.rec");
-        EXPECT_TRUE(bytes.ends_with(c.written)) << c.mode << '\n' << bytes;
+        EXPECT_TRUE(bytes.ends_with(written)) << mode << '\n' << bytes;
         EXPECT_TRUE(dialogs_.askedNames.last().endsWith(text("/prova.Sel.rec")));
         EXPECT_EQ(caption("searchNotice"), text("new.rec: rekord scritti 2"));
         click("Command3");

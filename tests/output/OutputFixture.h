@@ -12,8 +12,33 @@ inline QString text(const char* latin)
     return QString::fromLatin1(latin);
 }
 
+/// With what is written beside the open file.
+class PrintingTest : public WindowTest {
+protected:
+    /// Chooses the printer's file and presses the button; true when there is a PDF now.
+    bool printTo(const char* name)
+    {
+        dialogs_.pdf = inFolder(name);
+        choose("impoststamp");
+        click("Command4");
+        return bytesOf(folder_.path() / name).starts_with("%PDF");
+    }
+    bool holds(const char* pdf, const std::string& part) const
+    {
+        return bytesOf(folder_.path() / pdf).find(part) != std::string::npos;
+    }
+
+    std::filesystem::path matrixFile() const { return folder_.path() / "prova.mtr"; }
+    QString printed() { return control<QPlainTextEdit>("Text5").toPlainText(); }
+    /// Name as a dialog gives it.
+    QString inFolder(const char* name) const
+    {
+        return QString::fromStdString((folder_.path() / name).string());
+    }
+};
+
 /// Name (6 characters), town (4), age (2); record 3 is deleted.
-class OutputTest : public WindowTest {
+class OutputTest : public PrintingTest {
 protected:
     OutputTest()
     {
@@ -32,13 +57,6 @@ protected:
         for (const int field : fields)
             click(qPrintable(text("Text2(%1)").arg(field)));
         choose("impmat");
-    }
-
-    QString printed() { return control<QPlainTextEdit>("Text5").toPlainText(); }
-    /// Name as a dialog gives it.
-    QString inFolder(const char* name) const
-    {
-        return QString::fromStdString((folder_.path() / name).string());
     }
 };
 

@@ -12,15 +12,12 @@
 #include <QTest>
 
 #include "search/HitListView.h"
-#include "tests/support/WindowTest.h"
+#include "tests/output/OutputFixture.h"
 
 namespace quorvin {
 namespace {
 
-QString text(const char* latin)
-{
-    return QString::fromLatin1(latin);
-}
+using test::text;
 
 /// A small file: town (20 characters), name (25), age (3); record 4 is deleted.
 class SearchPanelTest : public test::WindowTest {
@@ -50,18 +47,6 @@ protected:
         const QPoint place = view.visualRect(view.model()->index(row, 0)).center();
         QTest::mouseClick(view.viewport(), button, Qt::NoModifier, place);
     }
-
-    /// Presses Enter for a search of very many records and leaves before any was tested.
-    void startLongSearch()
-    {
-        auto rec = test::rec({{}});
-        open(rec.records(60000));
-        choose("elencorekord");
-        click("Text2(1)");
-        type("Text2(1)", text("r"));
-        QTest::keyClick(&control("Text2(1)"), Qt::Key_Return);
-        ASSERT_EQ(caption("Label16"), text("  ...ricerca in corso"));
-    }
 };
 
 TEST_F(SearchPanelTest, TwoFieldsAreListedByTheFieldOfTheEnterKey)
@@ -75,7 +60,6 @@ TEST_F(SearchPanelTest, TwoFieldsAreListedByTheFieldOfTheEnterKey)
     EXPECT_EQ(form_->focusWidget(), &control("List1"));
 
     choose("norec");
-    EXPECT_TRUE(control("norecSign").isVisible());
     enter("Text2(1)");
     EXPECT_EQ(lines(), QStringList(text(" 2. ROMANO ")));
     choose("preferenze");
@@ -126,30 +110,19 @@ TEST_F(SearchPanelTest, APartialSearchNeedsItsTwoNumbers)
 {
     choose("elencorekord");
     choose("ricparz");
-    EXPECT_TRUE(control("Frame3").isVisible());
-    struct Case {
-        const char* from;
-        const char* to;
-        int hits;
-        const char* focus;
-    };
-    for (const Case& c :
-         {Case{"2", "4", 2, "List1"}, Case{"", "4", 0, "Text3"}, Case{"5", "3", 0, "Text2(1)"},
-          Case{"0", "4", 0, "Text2(1)"}, Case{"2", "6", 0, "Text4"}, Case{"2", "", 0, "Text4"}}) {
-        control<QLineEdit>("Text3").setText(text(c.from));
-        control<QLineEdit>("Text4").setText(text(c.to));
-        if (control<QLineEdit>("Text2(1)").text().isEmpty()) {
-            search({{1, "rom"}});
-        } else {
-            control("Text2(1)").setFocus();
-            enter("Text2(1)");
-        }
-        EXPECT_EQ(lines().size(), c.hits) << c.from << " to " << c.to;
-        EXPECT_EQ(form_->focusWidget(), &control(c.focus)) << c.from << " to " << c.to;
+    click("Text2(1)");
+    type("Text2(1)", text("rom"));
+    using Case = std::tuple<const char*, const char*, int, const char*>;
+    for (const auto& [from, to, hits, focus] :
+         {Case{"2", "4", 2, "List1"}, Case{"", "4", 0, "Text3"}, Case{"0", "4", 0, "Text2(1)"},
+          Case{"2", "6", 0, "Text4"}, Case{"2", "", 0, "Text4"}}) {
+        control<QLineEdit>("Text3").setText(text(from));
+        control<QLineEdit>("Text4").setText(text(to));
+        control("Text2(1)").setFocus();
+        enter("Text2(1)");
+        EXPECT_EQ(lines().size(), hits) << from << " to " << to;
+        EXPECT_EQ(form_->focusWidget(), &control(focus)) << from << " to " << to;
     }
-    choose("rictot");
-    EXPECT_FALSE(control("Frame3").isVisible());
-    EXPECT_FALSE(item("ricparz").isChecked());
 }
 
 TEST_F(SearchPanelTest, AClickOrAKeyOnALineShowsItsRecord)
@@ -189,15 +162,15 @@ TEST_F(SearchPanelTest, KeysStayAmongTheHits)
 {
     choose("elencorekord");
     QWidget& list = control("List1");
-    struct Case {
-        Qt::Key fresh;  ///< the first key after the search
-        std::vector<Qt::Key> keys;
-        const char* record;
+    const std::pair<std::vector<Qt::Key>, const char*> cases[] = {
+        {{Qt::Key_Down}, "1"},
+        {{Qt::Key_Home, Qt::Key_PageUp, Qt::Key_Up}, "1"},
+        {{Qt::Key_Return, Qt::Key_Down}, "2"},
+        {{Qt::Key_Space}, "1"},
+        {{Qt::Key_End, Qt::Key_PageDown, Qt::Key_Down}, "5"},
+        {{Qt::Key_PageDown}, "5"},
     };
-    for (const Case& c :
-         {Case{Qt::Key_Down, {}, "1"}, Case{Qt::Key_Home, {Qt::Key_PageUp, Qt::Key_Up}, "1"},
-          Case{Qt::Key_Return, {Qt::Key_Down}, "2"}, Case{Qt::Key_Space, {}, "1"},
-          Case{Qt::Key_End, {Qt::Key_PageDown, Qt::Key_Down}, "5"}, Case{Qt::Key_PageDown, {}, "5"}}) {
+    for (const auto& [keys, record] : cases) {
         choose("eliminapuntegg");
         search({{1, "roma"}});
         clickLine("List1", 0, Qt::RightButton);
@@ -205,46 +178,31 @@ TEST_F(SearchPanelTest, KeysStayAmongTheHits)
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
         QApplication::sendEvent(&list, &held);
         EXPECT_EQ(value(1), text("roma")) << "the Enter of the search, still held down";
-        QTest::keyClick(&list, c.fresh);
-        for (const Qt::Key key : c.keys)
+        for (const Qt::Key key : keys)
             QTest::keyClick(&list, key);
-        EXPECT_EQ(clipboard(), text(c.record)) << c.fresh;
-        EXPECT_EQ(caption("Label14"), text(c.record)) << c.fresh;
+        EXPECT_EQ(clipboard(), text(record)) << keys[0];
+        EXPECT_EQ(caption("Label14"), text(record)) << keys[0];
     }
 }
 
 TEST_F(SearchPanelTest, OptionsThatStartAfreshAndAnotherFile)
 {
-    for (const char* option : {"elencorekord", "eliminapuntegg"}) {
-        click("Text2(1)");
-        type("Text2(1)", text("x"));
-        choose(option);
-        EXPECT_EQ(value(1), QString()) << option;
-        EXPECT_NE(background("Text2(1)"), QColor(0xC0, 0, 0xC0)) << option;
-    }
     choose("ricparz");
     control<QLineEdit>("Text3").setText(text("1"));
     choose("ricparz");
     EXPECT_EQ(control<QLineEdit>("Text3").text(), QString());
     choose("norec");
-    choose("norec");
-    EXPECT_FALSE(control("norecSign").isVisible());
-    choose("norec");
     open(test::rec({{}}).records(1));
-    for (const char* name : {"List1", "List2", "Frame3", "norecSign"})
-        EXPECT_FALSE(control(name).isVisible()) << name;
+    for (const char* option : {"elencorekord", "ricparz", "norec"})
+        EXPECT_FALSE(item(option).isChecked()) << option;
     EXPECT_EQ(caption("Label15"), text(" ricerca     *abcdef*"));
 }
 
 TEST_F(SearchPanelTest, SortedLinesStandInTheSideList)
 {
-    choose("sort");
-    EXPECT_FALSE(item("sort").isChecked()) << "only with the list";
     choose("elencorekord");
     search({{2, " "}});
     choose("sort");
-    EXPECT_TRUE(control("List2").isVisible());
-    EXPECT_FALSE(control("List1").isVisible());
     EXPECT_TRUE(lines("List2").isEmpty());
     EXPECT_EQ(caption("Label3"), text(" 0"));
     enter("Text2(2)");
@@ -267,9 +225,6 @@ TEST_F(SearchPanelTest, SortedLinesStandInTheSideList)
     type("Text2(2)", text("fitto"));
     enter("Text2(2)");
     EXPECT_EQ(lines("List2"), QStringList(text("abete [2] di bosco fitto   [3]")));
-    choose("elencorekord");
-    EXPECT_FALSE(item("sort").isChecked());
-    EXPECT_FALSE(control("List2").isVisible());
 }
 
 TEST_F(SearchPanelTest, JoinedFieldsAreRedAndSearchedAsOne)
@@ -288,35 +243,15 @@ TEST_F(SearchPanelTest, JoinedFieldsAreRedAndSearchedAsOne)
     EXPECT_NE(background("Text2(2)"), QColor(0xFF, 0, 0));
 }
 
-TEST_F(SearchPanelTest, OneModeAtATimeAndPunctuationOnlyWithTheFirstFive)
-{
-    choose("ric(2)");
-    EXPECT_EQ(caption("Label15"), text("ricerca       abcdef* "));
-    EXPECT_FALSE(item("ric(4)").isChecked());
-    choose("eliminapuntegg");
-    EXPECT_TRUE(item("eliminapuntegg").isChecked());
-    choose("ric(7)");
-    EXPECT_FALSE(item("eliminapuntegg").isChecked());
-    choose("eliminapuntegg");
-    EXPECT_FALSE(item("eliminapuntegg").isChecked());
-}
-
-TEST_F(SearchPanelTest, TooManyWordsEndTheSearchWithABox)
-{
-    choose("elencorekord");
-    choose("ric(6)");
-    search({{1, qPrintable(text("a ").repeated(51))}});
-    EXPECT_EQ(dialogs_.messages, QStringList(text("!Errore!! Indice non incluso nell'intervallo")));
-    EXPECT_EQ(caption("Label3"), text(" 0"));
-    choose("ric(4)");
-    type("Text2(1)", text("rom"));
-    enter("Text2(1)");
-    EXPECT_EQ(lines().size(), 4) << "the next search runs";
-}
-
 TEST_F(SearchPanelTest, EscapeEndsALongSearchWithWhatItFound)
 {
-    startLongSearch();
+    auto rec = test::rec({{}});
+    open(rec.records(60000));
+    choose("elencorekord");
+    click("Text2(1)");
+    type("Text2(1)", text("r"));
+    QTest::keyClick(&control("Text2(1)"), Qt::Key_Return);
+    EXPECT_EQ(caption("Label16"), text("  ...ricerca in corso"));
     QTest::keyClick(&control("Text2(1)"), Qt::Key_Return);
     item("note").trigger();
     QTest::keyClick(form_.get(), Qt::Key_F1);
@@ -329,16 +264,6 @@ TEST_F(SearchPanelTest, EscapeEndsALongSearchWithWhatItFound)
     EXPECT_EQ(text(" %1").arg(lines().size()), caption("Label3"));
     QTest::keyClick(&control("Text2(1)"), Qt::Key_Return);
     EXPECT_TRUE(QTest::qWaitFor([this] { return caption("Label3") == text(" 60000"); }));
-}
-
-TEST_F(SearchPanelTest, ClosingTheWindowStopsTheSearch)
-{
-    startLongSearch();
-    form_->close();
-    EXPECT_FALSE(form_->isVisible());
-    QApplication::processEvents();
-    EXPECT_TRUE(lines().isEmpty());
-    form_.reset();
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 namespace quorvin::test {
 
 /// Town (10 characters) and number of children (2), hits listed.
-class StatTest : public WindowTest {
+class StatTest : public PrintingTest {
 protected:
     StatTest()
     {

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTest>
+#include <tuple>
 
 #include "app/FormCanvas.h"
 #include "tests/support/WindowTest.h"
@@ -73,23 +74,20 @@ TEST_F(RecordViewTest, TheScrollBarComesWithTheTwentyThirdField)
 
 TEST_F(RecordViewTest, TheFocusBringsAFieldIntoSight)
 {
-    struct Case {
-        int fields;
-        int linesApart;
-        int spacing;
-    };
-    for (const Case& c : {Case{60, 1, 100}, Case{60, 1, 200}, Case{22, 4, 100}, Case{3, 30, 200}}) {
+    using Case = std::tuple<int, int, int>;
+    for (const auto& [count, linesApart, spacing] :
+         {Case{60, 1, 100}, Case{60, 1, 200}, Case{22, 4, 100}, Case{3, 30, 200}}) {
         std::vector<test::FieldSpec> fields;
-        for (int n = 1; n <= c.fields; ++n)
-            fields.push_back({.length = 1, .questionY = n * c.linesApart, .fieldY = n * c.linesApart});
+        for (int n = 1; n <= count; ++n)
+            fields.push_back({.length = 1, .questionY = n * linesApart, .fieldY = n * linesApart});
         open(test::rec(fields).record({}));
-        setSlider("Slider2", c.spacing);
-        for (const int n : {c.fields, 1, c.fields / 2, c.fields}) {
+        setSlider("Slider2", spacing);
+        for (const int n : {count, 1, count / 2, count}) {
             QWidget& box = control(qPrintable(QStringLiteral("Text2(%1)").arg(n)));
             form_->setFocus();
             box.setFocus();
             EXPECT_TRUE(box.parentWidget()->rect().contains(box.geometry()))
-                << c.fields << " fields, number " << n;
+                << count << " fields, number " << n;
         }
     }
 }
@@ -190,21 +188,17 @@ TEST_F(RecordViewTest, ADoubleClickChoosesAFieldOnce)
 
 TEST_F(RecordViewTest, StatisticsModesPaintFormAndBox)
 {
-    struct Case {
-        const char* mode;
-        QColor labels;
-        QColor box;
-    };
-    for (const Case& c : {Case{"freq", QColor(128, 0, 128), QColor(0, 255, 0)},
-                          Case{"tabella", QColor(128, 0, 0), QColor(255, 255, 0)}}) {
+    using Case = std::tuple<const char*, QColor, QColor>;
+    for (const auto& [mode, labels, box] :
+         {Case{"freq", {128, 0, 128}, {0, 255, 0}}, Case{"tabella", {128, 0, 0}, {255, 255, 0}}}) {
         open(test::rec({{}}).records(1));
-        choose(c.mode);
-        EXPECT_EQ(background("Label2(1)"), QColor(128, 0, 128)) << c.mode;
+        choose(mode);
+        EXPECT_EQ(background("Label2(1)"), QColor(128, 0, 128)) << mode;
         click("Text2(1)");
-        EXPECT_EQ(formColour(), QColor(128, 0, 128)) << c.mode;
-        EXPECT_EQ(background("Label2(1)"), c.labels) << c.mode;
-        EXPECT_EQ(background("Text2(1)"), c.box) << c.mode;
-        EXPECT_EQ(control("Text2(1)").palette().color(QPalette::Text), QColor(0, 0, 128)) << c.mode;
+        EXPECT_EQ(formColour(), QColor(128, 0, 128)) << mode;
+        EXPECT_EQ(background("Label2(1)"), labels) << mode;
+        EXPECT_EQ(background("Text2(1)"), box) << mode;
+        EXPECT_EQ(control("Text2(1)").palette().color(QPalette::Text), QColor(0, 0, 128)) << mode;
     }
 }
 
