@@ -15,9 +15,10 @@ LineStore::Line LineStore::add(std::string_view text, std::size_t sortLength)
 {
     const std::size_t bytes = Line::kLengths + text.size();
     if (left_ < bytes) {
-        left_ = kBlockBytes;
-        blocks_.push_back(std::make_unique_for_overwrite<char[]>(left_));
+        // Without memory for it there is no more room than before.
+        blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlockBytes));
         next_ = blocks_.back().get();
+        left_ = kBlockBytes;
     }
     char* begin = next_;
     const std::array<Line::Length, 2> lengths{static_cast<Line::Length>(text.size()),
