@@ -33,8 +33,9 @@ peer() {
     [ -z "$baseline" ] || return 0
     if has "$1"; then printf '%s\t%s\n' "$2" "$3"; else printf '%s\t\n' "$2, $1"; fi
 }
-compare() { "$bin/compare" "$1" ${baseline:+"$bin/" "$baseline/"}; }
-slowly() { ROUNDS=$slow_rounds compare "$1"; }
+# TITLE [ROUNDS]
+compare() { env ${2:+"ROUNDS=$2"} "$bin/compare" "$1" ${baseline:+"$bin/" "$baseline/"}; }
+slowly() { compare "$1" "$slow_rounds"; }
 
 # Benchmarks of one program; beside an older build's a table of both.
 micro() {
@@ -65,6 +66,7 @@ opening() {
         [ ! -x "$bin/quorvin" ] || printf '%s\t%s\n' "quorvin --immagine, start to last record's picture" \
             "$bin/quorvin --rekord $records --immagine $data/window.png $file"
     } | compare "opening, whole process"
+    rm -f "$data/window.png"
 }
 
 searching() {
@@ -121,13 +123,16 @@ listing() {
 
 # The print file holds 32,768 characters: what goes beyond is searched, not printed.
 printing() {
-    printf ' 1\r\n 6\r\n 8\r\nELENCO\r\n 3\r\n""\r\n' > "${file%.rec}.mtr"
+    matrix=${file%.rec}.mtr
+    printf ' 1\r\n 6\r\n 8\r\nELENCO\r\n 3\r\n""\r\n' > "$matrix"
     {
         peer cat "cat > /dev/null" "cat $file > /dev/null"
         ours "stampa, few hits" "stampa $file -c COGNOME=$few"
         ours "stampa, every record a hit" "stampa $file -c COMUNE="
         ours "stampa, interval of 400" "stampa $file --da 1 --a 400"
     } | compare "printing"
+    # Without one the window opens the file as it did before.
+    rm -f "$matrix"
 }
 
 writing() {
@@ -160,7 +165,7 @@ databases() {
     {
         peer sqlite3 "sqlite3 .import of a CSV file" "$sqlite '.import --csv $csv t'"
         peer duckdb "DuckDB read_csv" "$duck \"create table t as select * from read_csv('$csv', all_varchar = true)\""
-    } | ROUNDS=1 compare "loading, once"
+    } | compare "loading, once" 1
     rm -f "$csv"
     search="select * from t where COGNOME"
     frequency="select upper(COMUNE), count(*) from t group by 1"
