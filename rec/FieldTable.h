@@ -49,6 +49,9 @@ public:
     /// Length of field `n` as a number; 0 for slot 0. Raises RuntimeError 9 outside 0..fieldCount.
     int length(int n) const;
 
+    /// Whether both have the same fields as far as records go; the lengths may be written otherwise.
+    bool hasSameLengths(const FieldTable& other) const { return lengths_ == other.lengths_; }
+
     /// Whether EpiData can open a file with these fields: none is too long for it.
     bool isEpiDataCompatible() const;
 

@@ -114,13 +114,12 @@ void RecFile::measure()
     if (reader_.endedWithFile() && (last.length <= lastText || last.last == '\r'))
         throw RuntimeError(ErrorNumber::inputPastEnd);
     recordBytes_ = bytes;
-    count();
+    count(file_.size());
 }
 
-/// Whether the file that is open now has its records where those of the measured one are, or none at all.
+/// Whether the file that is open now has its records where those of the measured one are.
 bool RecFile::hasSameLayout() const
 {
-    if (file_.size() < dataStart_) return true;
     RecFile now;
     now.file_ = file_.duplicate();
     try {
@@ -128,12 +127,12 @@ bool RecFile::hasSameLayout() const
         now.readDefinitions();
     } catch (const RuntimeError& error) {
         // A failure of reading tells nothing about the layout.
-        constexpr ErrorNumber kNoDefinitions[] = {ErrorNumber::invalidCall, ErrorNumber::subscript,
-                                                  ErrorNumber::inputPastEnd};
+        constexpr ErrorNumber kNoDefinitions[] = {ErrorNumber::invalidCall, ErrorNumber::outOfMemory,
+                                                  ErrorNumber::subscript, ErrorNumber::inputPastEnd};
         if (std::ranges::find(kNoDefinitions, error.number()) == std::end(kNoDefinitions)) throw;
         return false;
     }
-    return now.reader_.position() == dataStart_ && now.fields_.fieldLength == fields_.fieldLength;
+    return now.reader_.position() == dataStart_ && now.fields_.hasSameLengths(fields_);
 }
 
 void RecFile::requireMeasured() const
@@ -141,10 +140,10 @@ void RecFile::requireMeasured() const
     if (recordBytes_ == 0) throw RuntimeError(ErrorNumber::divisionByZero);
 }
 
-void RecFile::count()
+void RecFile::count(std::int64_t fileBytes)
 {
     requireMeasured();
-    recordCount_ = std::max<RecordNumber>(0, (file_.size() - dataStart_ + 1) / recordBytes_);
+    recordCount_ = std::max<RecordNumber>(0, (fileBytes - dataStart_ + 1) / recordBytes_);
     rangeEnd_ = recordCount_;
 }
 
@@ -152,11 +151,13 @@ void RecFile::recount()
 {
     requireMeasured();
     file_.open(dataFileName_);
-    if (!hasSameLayout()) {
+    // One length for both: a file too short for any record has no layout yet, whatever comes in meanwhile.
+    const std::int64_t bytes = file_.size();
+    if (bytes >= dataStart_ && !hasSameLayout()) {
         file_.close();
         throw RuntimeError(ErrorNumber::accessError);
     }
-    count();
+    count(bytes);
 }
 
 std::int64_t RecFile::positionOf(RecordNumber n) const

@@ -98,7 +98,7 @@ private:
     void readHeader();
     bool hasSameLayout() const;
     void requireMeasured() const;
-    void count();
+    void count(std::int64_t fileBytes);
 
     InputFile file_;
     LineReader reader_{file_};

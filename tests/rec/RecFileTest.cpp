@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "tests/rec/SameReading.h"
 #include "tests/support/ErrorNumber.h"
+#include "tests/support/FileFaults.h"
 #include "tests/support/RecBuilder.h"
 #include "tests/support/TempFolder.h"
 
@@ -151,14 +152,30 @@ TEST_F(RecFileTest, FilesThatOthersChange)
         EXPECT_EQ(errorOf([&] { file_.recount(); }), 75) << "its records stand elsewhere";
         EXPECT_EQ(errorOf([&] { value(1, 1); }), 52) << "and are not read";
     }
-    const std::pair<std::string, int> cases[] = {{rec({{}}).records(1).bytes(), 1},
-                                                 {"x", 0},
-                                                 {two.bytes(), 2},
-                                                 {rec({{.question = "Domanda"}}).records(4).bytes(), 4}};
-    for (const auto& [bytes, count] : cases) {
-        write(bytes);
+    write(std::string(2 << 20, 'x'));
+    EXPECT_EQ(errorOf([&] { file_.recount(); }), 75) << "no REC file at all";
+    std::string bytes = rec({{.question = "Domanda"}}).records(2).bytes();
+    bytes.replace(bytes.find("\r\n") + 2 + 37, 3, " 5 ");
+    const std::pair<std::string, int> cases[] = {
+        {bytes, 2}, {rec({{}}).records(1).bytes(), 1}, {"x", 0}, {two.bytes(), 2}};
+    for (const auto& [other, count] : cases) {
+        write(other);
         file_.recount();
-        EXPECT_EQ(file_.recordCount(), count);
+        EXPECT_EQ(file_.recordCount(), count) << "the same lengths, maybe written otherwise";
+    }
+}
+
+TEST_F(RecFileTest, AnotherFileIsWrittenWhileThisOneIsCounted)
+{
+    for (int at = 1;; ++at) {
+        ASSERT_EQ(load(rec({{}}).records(2).bytes()), 0);
+        write("x");
+        test::FileFaults faults;
+        faults.at = at;
+        faults.before = [&] { write(rec({{.length = 6}}).records(9).bytes()); };
+        const bool counted = errorOf([&] { file_.recount(); }) == 0;
+        EXPECT_TRUE(!counted || file_.recordCount() == 0) << at;
+        if (!faults.isReached()) break;
     }
 }
 
