@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QListView>
 #include <QRegularExpression>
 #include <QThread>
@@ -99,7 +100,9 @@ void StressTest::checkRecord(const test::PlainRec& rec)
     for (std::size_t i = 1; i < rec.lengths.size(); ++i) {
         const QString stored = fromAnsi(record[i]);
         const QString expected = rules_->isTicked("impostMaiusc") ? stored.toUpper() : stored;
-        if (value(static_cast<int>(i)) != expected)
+        const auto& box = control<QLineEdit>(qPrintable(QStringLiteral("Text2(%1)").arg(i)));
+        // While a button is held, a step may come before the key that changes the record shown.
+        if (box.text() != expected && !box.isModified())
             fail(QStringLiteral("record %1, field %2 is not '%3'").arg(shown).arg(i).arg(expected));
     }
     if ((background("Command3") == QColor(Qt::yellow)) != (record[0] == "?"))
