@@ -243,6 +243,15 @@ TEST_F(SearchPanelTest, JoinedFieldsAreRedAndSearchedAsOne)
     EXPECT_NE(background("Text2(2)"), QColor(0xFF, 0, 0));
 }
 
+TEST_F(SearchPanelTest, PunctuationCanBeIgnoredWithTheFirstFiveModes)
+{
+    for (const int mode : {5, 6, 7}) {
+        choose(qPrintable(text("ric(%1)").arg(mode)));
+        choose("eliminapuntegg");
+        EXPECT_EQ(item("eliminapuntegg").isChecked(), mode == 5) << mode;
+    }
+}
+
 TEST_F(SearchPanelTest, EscapeEndsALongSearchWithWhatItFound)
 {
     auto rec = test::rec({{}});
