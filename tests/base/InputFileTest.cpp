@@ -23,9 +23,9 @@ TEST(InputFile, ErrorsOfOpening)
                                                            {folder.path(), 75},
                                                            {folder.path() / std::string(5000, 'x'), 52},
                                                            {{}, 53}};
-    for (const auto& [name, error] : cases) {
+    for (const auto& c : cases) {
         InputFile input;
-        EXPECT_EQ(errorOf([&] { input.open(name); }), error) << name;
+        EXPECT_EQ(errorOf([&] { input.open(c.first); }), c.second) << c.first;
     }
 }
 

@@ -204,12 +204,12 @@ TEST_F(OutputFileTest, ChangesMeanwhile)
 /// Whatever fails, the target is the old file or the new one, and nothing else is left.
 TEST_F(OutputFileTest, EveryOperationFails)
 {
-    for (const auto& [fault, number] : {std::pair(EIO, 57), {ENOSPC, 61}, {EACCES, 75}}) {
+    for (const auto& fault : {std::pair(EIO, 57), {ENOSPC, 61}, {EACCES, 75}}) {
         saveOverAndOver([&](const Files& before, test::FileFaults& faults) {
-            faults.error = fault;
+            faults.error = fault.first;
             const int error = save(path("file"), large_);
-            EXPECT_TRUE(error == 0 || (error == number && faults.isReached())) << error;
-            EXPECT_TRUE(folder_.files() == (error == 0 ? Files{{"file", large_}} : before)) << fault;
+            EXPECT_TRUE(error == 0 || (error == fault.second && faults.isReached())) << error;
+            EXPECT_TRUE(folder_.files() == (error == 0 ? Files{{"file", large_}} : before)) << fault.first;
             EXPECT_FALSE(faults.isNamedTooEarly()) << "what has a name outlives a loss of power";
             return faults.isReached();
         });
