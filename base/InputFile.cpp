@@ -147,6 +147,8 @@ InputFile& InputFile::operator=(InputFile&& other) noexcept
 void InputFile::open(const std::filesystem::path& name)
 {
     close();
+    // Systems do not agree on what is wrong with no name.
+    if (name.empty()) throw RuntimeError(ErrorNumber::fileNotFound);
     handle_ = openShared(name);
 }
 

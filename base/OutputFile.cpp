@@ -1,6 +1,7 @@
 #include "base/OutputFile.h"
 
 #include <algorithm>
+#include <memory>
 #include <random>
 #include <string>
 #include <system_error>
@@ -47,22 +48,30 @@ HANDLE asHandle(RawHandle handle)
     return reinterpret_cast<HANDLE>(handle);
 }
 
-/// Opens the file that a name leads to for another look at it; not there: an invalid handle.
-HANDLE openThere(const fs::path& name, DWORD access)
+struct HandleCloser {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using OwnedHandle = std::unique_ptr<void, HandleCloser>;
+
+/// Opens the file that a name leads to for another look at it; not there: none.
+OwnedHandle openThere(const fs::path& name, DWORD access)
 {
     const HANDLE handle =
         CreateFileW(name.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (handle == INVALID_HANDLE_VALUE && GetLastError() != ERROR_FILE_NOT_FOUND) throw lastWriteError();
-    return handle;
+    if (handle != INVALID_HANDLE_VALUE) return OwnedHandle(handle);
+    if (GetLastError() != ERROR_FILE_NOT_FOUND) throw lastWriteError();
+    return nullptr;
 }
 
+/// Nothing for what is no file that may be replaced.
 std::optional<FileIdentity> identityOf(HANDLE handle)
 {
+    constexpr DWORD kNotReplaced = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    if (GetFileType(handle) != FILE_TYPE_DISK) return {};
     BY_HANDLE_FILE_INFORMATION info{};
-    if (GetFileType(handle) != FILE_TYPE_DISK || !GetFileInformationByHandle(handle, &info) ||
-        (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        return {};
+    if (!GetFileInformationByHandle(handle, &info)) throw lastWriteError();
+    if ((info.dwFileAttributes & kNotReplaced) != 0) return {};
     return FileIdentity{info.dwVolumeSerialNumber,
                         (std::uint64_t{info.nFileIndexHigh} << 32) | info.nFileIndexLow};
 }
@@ -79,21 +88,19 @@ fs::path finalName(HANDLE handle, const fs::path& name)
 
 Target targetOf(const fs::path& name)
 {
-    const HANDLE handle = openThere(name, GENERIC_WRITE);
-    if (handle == INVALID_HANDLE_VALUE) return {name, kNoHandle, {}};
-    Target target{finalName(handle, name), reinterpret_cast<RawHandle>(handle), identityOf(handle)};
-    if (target.identity) return target;
-    CloseHandle(handle);
-    throw RuntimeError(ErrorNumber::accessError);
+    OwnedHandle handle = openThere(name, GENERIC_WRITE);
+    if (!handle) return {name, kNoHandle, {}};
+    const auto identity = identityOf(handle.get());
+    if (!identity) throw RuntimeError(ErrorNumber::accessError);
+    const fs::path finally = finalName(handle.get(), name);
+    return {finally, reinterpret_cast<RawHandle>(handle.release()), identity};
 }
 
 std::optional<FileIdentity> identityAt(const fs::path& name)
 {
-    const HANDLE handle = openThere(name, 0);
-    if (handle == INVALID_HANDLE_VALUE) return {};
-    const auto identity = identityOf(handle);
-    CloseHandle(handle);
-    return identity ? identity : FileIdentity{};
+    const OwnedHandle handle = openThere(name, 0);
+    if (!handle) return {};
+    return identityOf(handle.get()).value_or(FileIdentity{});
 }
 
 /// A new file, or none when there is one of that name.

@@ -1,15 +1,15 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <chrono>
-#include <cstdio>
+#include <QElapsedTimer>
+#include <QProcess>
 #include <random>
 
-#include "tests/support/RecBuilder.h"
-#include "tests/support/TempFolder.h"
+#include "tests/output/OutputFixture.h"
 
 namespace quorvin {
 namespace {
+
+using test::text;
 
 class CliFaultsTest : public testing::Test {
 protected:
@@ -20,24 +20,27 @@ protected:
             rec.record({(i % 2 ? "a" : "b") + std::to_string(i)});
         folder_.write("prova.rec", rec.bytes());
     }
-    /// Has quorvin-cli, started by another program, write the records with this text over new.rec. What it
-    /// says, and its exit status.
-    std::string create(const std::string& text, const std::string& starter = "") const
+    /// Has quorvin-cli, started by another program if one is named, write the records with this text over
+    /// new.rec, and kills it after so long. What it says, and its exit status.
+    QString create(const char* pattern, QStringList starter = {}, int milliseconds = 30000) const
     {
-        const std::string folder = folder_.path().string();
-        const std::string command = "exec " + starter + " " QUORVIN_CLI " crea " + folder +
-                                    "/prova.rec -c '#1=" + text + "' --tutto --sovrascrivi -o " + folder +
-                                    "/new.rec 2>&1";
-        std::FILE* output = ::popen(command.c_str(), "r");
-        std::string said;
-        for (int c = std::fgetc(output); c != EOF; c = std::fgetc(output))
-            said += static_cast<char>(c);
-        const int status = ::pclose(output);
-        return said + std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1);
+        const QString folder = QString::fromStdString(folder_.path().string());
+        starter +=
+            QStringList{text(QUORVIN_CLI),           text("crea"),    folder + text("/prova.rec"), text("-c"),
+                        text("#1=") + text(pattern), text("--tutto"), text("--sovrascrivi"),       text("-o"),
+                        folder + text("/new.rec")};
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(starter.first(), starter.mid(1));
+        if (!process.waitForFinished(milliseconds)) process.kill();
+        process.waitForFinished();
+        return QString::fromUtf8(process.readAll()).remove(QLatin1Char('\r')) +
+               (process.exitStatus() == QProcess::NormalExit ? QString::number(process.exitCode())
+                                                             : QString());
     }
-    std::string created(const std::string& text) const
+    std::string created(const char* pattern) const
     {
-        EXPECT_TRUE(create(text).ends_with("\n0"));
+        EXPECT_TRUE(create(pattern).endsWith(text("\n0")));
         return target();
     }
     std::string target() const { return folder_.files()["new.rec"]; }
@@ -45,33 +48,36 @@ protected:
     test::TempFolder folder_;
 };
 
+#ifdef Q_OS_LINUX
 TEST_F(CliFaultsTest, ADiskFullAtEveryByte)
 {
     writeSource(2, 2);
     const std::string whole = created("a");
     created("b");
     const test::Files before = folder_.files();
-    const std::string starter = "prlimit --fsize=";
+    const auto limited = [](std::size_t room) {
+        return QStringList{text("prlimit"), text("--fsize=") + QString::number(room)};
+    };
     for (std::size_t room = 0; room < whole.size(); ++room) {
-        EXPECT_EQ(create("a", starter + std::to_string(room)), "Errore!! Disco pieno\n2") << room;
+        EXPECT_EQ(create("a", limited(room)), text("Errore!! Disco pieno\n2")) << room;
         EXPECT_EQ(folder_.files(), before) << room;
     }
-    create("a", starter + std::to_string(whole.size()));
+    create("a", limited(whole.size()));
     EXPECT_EQ(target(), whole);
 }
+#endif
 
 TEST_F(CliFaultsTest, KilledWhileItWritesOverAFile)
 {
-    using Seconds = std::chrono::duration<double>;
     writeSource(30000, 70);
     const std::string one = created("a");
-    const auto began = std::chrono::steady_clock::now();
+    QElapsedTimer time;
+    time.start();
     const std::string other = created("b");
-    const Seconds longest = std::chrono::steady_clock::now() - began;
     std::mt19937 random(1);
-    std::uniform_real_distribution<> moment(0.001, longest.count());
+    std::uniform_int_distribution<> moment(1, static_cast<int>(time.elapsed()) + 1);
     for (int i = 0; i < 100; ++i) {
-        create(i % 2 ? "b" : "a", "timeout -s KILL " + std::to_string(moment(random)));
+        create(i % 2 ? "b" : "a", {}, moment(random));
         const std::string now = target();
         ASSERT_TRUE(now == one || now == other) << i;
     }

@@ -1,12 +1,16 @@
 #include "base/OutputFile.h"
 
 #include <gtest/gtest.h>
+
+#include <cerrno>
+#include <functional>
+#ifndef _WIN32
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <functional>
+#endif
 
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/FileFaults.h"
@@ -101,28 +105,34 @@ TEST_F(OutputFileTest, TargetsThatAreRefused)
     const Files before = {{"file", "old"}};
     folder_.write("file", "old");
     fs::create_directory(path("folder"));
+    std::vector<std::pair<fs::path, int>> cases = {
+        {path("none/a"), 76}, {path("file/a"), 76}, {path("folder"), 75}, {{}, 52}};
+#ifdef _WIN32
+    cases.insert(cases.end(), {{path("nul"), 75}, {path("a?"), 52}});
+#else
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     fs::create_symlink("folder", path("to folder"));
     fs::create_symlink("second", path("first"));
     fs::create_symlink("first", path("second"));
-    const std::pair<fs::path, int> cases[] = {{path("none/a"), 76},
-                                              {path("file/a"), 76},
-                                              {path("folder"), 75},
-                                              {path("pipe"), 75},
-                                              {path("to folder"), 75},
-                                              {path(std::string(300, 'x')), 52},
-                                              {{}, 52}};
+    cases.insert(cases.end(), {{path("pipe"), 75},
+                               {path("to folder"), 75},
+                               {path("first"), 75},
+                               {path(std::string(300, 'x')), 52}});
+#endif
     for (const auto& [target, error] : cases)
         EXPECT_EQ(save(target), error) << target;
-    EXPECT_EQ(save(path("first")), 75) << "links in a circle";
     fs::remove(path("first"));
     EXPECT_EQ(folder_.files(), before);
 }
 
-TEST_F(OutputFileTest, WithoutTheRightToWrite)
+TEST_F(OutputFileTest, AFileThatMayNotBeWritten)
 {
     const auto file = folder_.write("file", "old");
     fs::permissions(file, fs::perms{0444});
+#ifdef _WIN32
+    EXPECT_EQ(save(file), 75);
+    fs::permissions(file, fs::perms{0666});
+#else
     // Who may write everything acts as somebody who owns nothing for a while.
     constexpr uid_t kNobody = 65534;
     const bool root = ::geteuid() == 0;
@@ -134,9 +144,11 @@ TEST_F(OutputFileTest, WithoutTheRightToWrite)
     }
     fs::permissions(folder_.path(), fs::perms{0755});
     ASSERT_EQ(root ? ::seteuid(0) : 0, 0);
+#endif
     EXPECT_EQ(folder_.files(), (Files{{"file", "old"}}));
 }
 
+#ifndef _WIN32
 TEST_F(OutputFileTest, LinksStayAndLeadToTheNewFile)
 {
     fs::create_directory(path("there"));
@@ -166,6 +178,7 @@ TEST_F(OutputFileTest, RightsOfAReplacedFileStay)
     EXPECT_EQ(save(path("new")), 0);
     EXPECT_EQ(fs::status(path("new")).permissions(), fs::status(folder_.write("usual", "")).permissions());
 }
+#endif
 
 /// What stands at the target when the file is complete is only replaced if it stood there at the beginning.
 TEST_F(OutputFileTest, ChangesMeanwhile)
@@ -178,9 +191,14 @@ TEST_F(OutputFileTest, ChangesMeanwhile)
         const char* after;
     };
     Files expected;
-    for (const Case& c :
-         {Case{"appeared", nullptr, "other", 75, "other"}, Case{"other", "old", "other", 75, "other"},
-          Case{"gone", "old", nullptr, 0, "new"}, Case{"same", "old", "old", 0, "new"}}) {
+    std::vector<Case> cases = {{"appeared", nullptr, "other", 75, "other"},
+                               {"gone", "old", nullptr, 0, "new"},
+                               {"same", "old", "old", 0, "new"}};
+#ifndef _WIN32
+    // Elsewhere the name of a file that is open may not be free for another.
+    cases.push_back({"other", "old", "other", 75, "other"});
+#endif
+    for (const Case& c : cases) {
         if (c.before) folder_.write(c.name, c.before);
         OutputFile file;
         file.open(path(c.name));
@@ -194,6 +212,10 @@ TEST_F(OutputFileTest, ChangesMeanwhile)
     for (const int error : {75, 76}) {
         OutputFile file;
         file.open(path("there/new"));
+#ifdef _WIN32
+        // Nobody can remove a folder in which a file is being written.
+        if (error == 76) break;
+#endif
         error == 75 ? fs::create_directory(path("there/new")) : fs::remove_all(path("there")) > 0;
         EXPECT_EQ(errorOf([&] { file.commit(); }), error);
         fs::remove(path("there/new"));
@@ -233,6 +255,7 @@ TEST_F(OutputFileTest, ADiskFullAtEveryByte)
     }
 }
 
+#ifndef _WIN32
 /// The process is killed before each operation in turn; what it leaves behind is known by its name.
 TEST_F(OutputFileTest, KilledAnywhere)
 {
@@ -248,24 +271,28 @@ TEST_F(OutputFileTest, KilledAnywhere)
         return WIFSIGNALED(status);
     });
 }
+#endif
 
 TEST_F(OutputFileTest, NamesOfTheSameFile)
 {
     const auto file = folder_.write("file", "x");
     folder_.write("other", "x");
     fs::create_directory(path("folder"));
-    fs::create_symlink("file", path("link"));
     fs::create_hard_link(file, path("hard link"));
-    fs::create_symlink("circle", path("circle"));
     using Names = std::pair<const char*, const char*>;
-    for (const auto& [one, other] : {Names{"file", "link"},
-                                     {"hard link", "file"},
-                                     {"file", "./file"},
-                                     {"folder/../link", "file"},
-                                     {"none", "folder/../none"}})
+    std::vector<Names> same = {{"hard link", "file"}, {"file", "./file"}, {"none", "folder/../none"}};
+    std::vector<Names> others = {{"file", "other"}, {"none", "nobody"}, {"file", "none"}};
+#ifdef _WIN32
+    same.insert(same.end(), {{"file", "FILE"}, {"none", "folder\\..\\none"}});
+#else
+    fs::create_symlink("file", path("link"));
+    fs::create_symlink("circle", path("circle"));
+    same.insert(same.end(), {{"file", "link"}, {"folder/../link", "file"}});
+    others.insert(others.end(), {{"circle", "file"}, {"file", "FILE"}});
+#endif
+    for (const auto& [one, other] : same)
         EXPECT_TRUE(isSameFile(path(one), path(other))) << one << ", " << other;
-    for (const auto& [one, other] :
-         {Names{"file", "other"}, {"none", "nobody"}, {"file", "none"}, {"circle", "file"}})
+    for (const auto& [one, other] : others)
         EXPECT_FALSE(isSameFile(path(one), path(other))) << one << ", " << other;
 }
 

@@ -147,10 +147,13 @@ TEST_F(PrintMatrixTest, AFullListLosesItsHeader)
 
 TEST_F(PrintMatrixTest, FilesThatCannotBeRead)
 {
+#ifndef _WIN32
+    // Elsewhere so long a file needs as much room.
     folder_.write("prova.mtr", " 1\r\n");
     std::filesystem::resize_file(name_, std::uintmax_t{1} << 40);
     EXPECT_EQ(read(), 7);
     std::filesystem::remove(name_);
+#endif
     std::filesystem::create_directory(name_);
     EXPECT_EQ(read(), 75);
     EXPECT_EQ(errorOf([&] { matrix_.matrice(file_); }), 75);

@@ -60,7 +60,7 @@ TEST(Rtf, WhatTheReaderMakesOfIt)
         // Code pages.
         {"\\f3\\'b3\\f4\\'cf\\f5\\'83\\\\\\'83\\'5ca\\f0\\'e0", "<Arial CE>ł<Arial Cyr>П<MS Mincho>ソソa<>à"},
         {"\\ansicpg1251\\'cf\\f3\\'b3\\ansicpg4711\\plain\\'cf", "П<Arial CE>ł<>Ï"},
-        {"\\ansicpg932\\'83{\\b \\'5c}", "\uFFFD<b>\\"},
+        {"\\ansicpg65001\\'c3{\\b \\'a8}", "\uFFFD<b>\uFFFD"},
         {"\\ansicpg65001 \\'e2\\'82\\'ac\xC3\xA8\\mac\\'8e\\pc\\'82\\pca\\'9b\\ansi\\'9b", "€èéé\u00F8›"},
         // Lists.
         {"{\\pntext\\f2\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}a\\par{\\listtext\\f2\\'d8\\tab}b",
