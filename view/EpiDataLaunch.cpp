@@ -23,8 +23,10 @@ QString epiDataProgram()
     return other.isEmpty() ? QStringLiteral("C:\\Programmi\\EpiData\\EpiData.exe") : other;
 }
 
-QString nativeText(const std::filesystem::path& name)
+QString nativeText(std::filesystem::path name)
 {
+    // Qt's names have slashes on every system.
+    name.make_preferred();
 #ifdef Q_OS_WIN
     return QString::fromStdWString(name.native());
 #else
