@@ -23,6 +23,17 @@ std::vector<std::string> utf8Arguments(int, char**)
     return arguments;
 }
 
+Utf8Console::Utf8Console() : before_(GetConsoleOutputCP())
+{
+    if (before_ != 0) SetConsoleOutputCP(CP_UTF8);
+}
+
+Utf8Console::~Utf8Console()
+{
+    // The page is the console's, which other programs use afterwards.
+    if (before_ != 0) SetConsoleOutputCP(before_);
+}
+
 #else
 
 std::vector<std::string> utf8Arguments(int argc, char** argv)
@@ -30,6 +41,9 @@ std::vector<std::string> utf8Arguments(int argc, char** argv)
     if (argc < 1) return {};
     return std::vector<std::string>(argv + 1, argv + argc);
 }
+
+Utf8Console::Utf8Console() = default;
+Utf8Console::~Utf8Console() = default;
 
 #endif
 
@@ -40,7 +54,8 @@ volatile std::sig_atomic_t endingAsked = 0;
 #ifdef SIGHUP
 constexpr int kEndings[] = {SIGINT, SIGTERM, SIGHUP};
 #else
-constexpr int kEndings[] = {SIGINT, SIGTERM};
+// A console that is closed sends it too.
+constexpr int kEndings[] = {SIGINT, SIGTERM, SIGBREAK};
 #endif
 
 }  // namespace

@@ -1,4 +1,4 @@
-/// What a program needs from the system at its start: the words of the command line, the same everywhere.
+/// What a program needs from the system at its start, the same everywhere.
 #pragma once
 
 #include <filesystem>
@@ -11,6 +11,18 @@ namespace quorvin {
 /// Windows hands `argv` over in a code page that cannot hold every file name; there they are taken from the
 /// system.
 std::vector<std::string> utf8Arguments(int argc, char** argv);
+
+/// While one stands, a console shows UTF-8 output as it is meant; on systems whose consoles have a code page.
+class Utf8Console {
+public:
+    Utf8Console();
+    ~Utf8Console();
+    Utf8Console(const Utf8Console&) = delete;
+    Utf8Console& operator=(const Utf8Console&) = delete;
+
+private:
+    [[maybe_unused]] unsigned before_ = 0;
+};
 
 /// Has the system's requests to end the program (Ctrl-C and the like) noted instead of obeyed, so that
 /// nothing half written is left; those that were ignored stay so. Whether there was one.
