@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QScreen>
@@ -78,6 +79,9 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Quorvin"));
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     QApplication::setApplicationVersion(QStringLiteral(QUORVIN_VERSION));
+    // Installed beside the desktop entry of that name; on Windows the program file itself brings the icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("quorvin"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("quorvin")));
     // The colours of boxes and labels carry meaning here; this style shows them alike on every system.
     QApplication::setStyle(QStringLiteral("Fusion"));
     QTranslator translator;
