@@ -3,7 +3,7 @@ BUILD := build
 SAMPLE := samples/pazienti.rec
 OUR_SOURCES = $(shell find $(filter-out $(BUILD)/,$(wildcard */)) -name '*.h' -o -name '*.cpp')
 
-.PHONY: setup build run test sanitize fuzz bench format lint check-format clean
+.PHONY: setup build run test sanitize fuzz bench deb format lint check-format clean
 
 setup:
 	@sh packaging/install-packages.sh
@@ -46,6 +46,11 @@ bench: setup
 	cmake --preset bench -Wno-dev
 	cmake --build --preset bench
 	sh bench/run.sh $(BUILD)/bench
+
+# The Debian package of the last commit: build/deb/quorvin_VERSION_ARCHITECTURE.deb.
+deb: setup
+	@sh packaging/install-packages.sh packaging/debian-build-packages.txt
+	sh packaging/build-deb.sh
 
 format: setup
 	clang-format -i $(OUR_SOURCES)
