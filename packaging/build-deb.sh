@@ -24,7 +24,7 @@ if [ "$described" != "$version" ]; then
     echo "CMakeLists.txt has version $version, packaging/debian/changelog $described." >&2
     exit 1
 fi
-dpkg-buildpackage --unsigned-source --unsigned-changes
+DEB_BUILD_OPTIONS="terse ${DEB_BUILD_OPTIONS:-}" dpkg-buildpackage --unsigned-source --unsigned-changes
 cd ..
 lintian --info --display-info --pedantic --fail-on error,warning "quorvin_${version}_$(dpkg --print-architecture).changes"
 ls -l "quorvin_${version}_"*.deb
