@@ -3,10 +3,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QRectF>
 
 #include "app/BuiltInTexts.h"
 #include "app/FormCanvas.h"
+#include "app/FullGuide.h"
+#include "app/GuideFrame.h"
 #include "app/MenuTree.h"
 #include "app/PreferencesFrame.h"
 #include "app/TextFrame.h"
@@ -30,19 +33,21 @@ TextFrame* makeText(const char* name, const char* title, const char* box, const 
 
 }  // namespace
 
-FormFrames::FormFrames(MenuTree& menu, FormCanvas& canvas) :
+FormFrames::FormFrames(MenuTree& menu, FormCanvas& canvas, Dialogs& dialogs) :
     QObject(&canvas),
     Frame10(new PreferencesFrame(&canvas)),
     menu_(menu),
     canvas_(canvas),
     Frame5(makeText("Frame5", messages::kLimitsFrame, "Text6", limitsText(), &canvas)),
     Frame6(makeText("Frame6", messages::kVersionFrame, "versionText", versionText(), &canvas)),
-    Frame7(makeText("Frame7", messages::kGuideFrame, "Text7", guideText(), &canvas))
+    Frame7(new GuideFrame(&canvas))
 {
     add(QStringLiteral("note"), Frame7, kGuidePlace);
     add(QStringLiteral("limiti"), Frame5, kLimitsPlace);
     add(QStringLiteral("versione"), Frame6, kVersionPlace);
     add(QStringLiteral("preferenze"), Frame10, kPreferencesPlace);
+    connect(Frame7, &GuideFrame::fullGuideRequested, this,
+            [&dialogs] { openFullGuide(dialogs, QCoreApplication::applicationDirPath()); });
     menu_.onClick(QStringLiteral("note"), [this] { note_Click(); });
     menu_.onClick(QStringLiteral("limiti"), [this] { limiti_Click(); });
     menu_.onClick(QStringLiteral("versione"), [this] { versione_Click(); });

@@ -8,7 +8,9 @@ class QRectF;
 
 namespace quorvin {
 
+class Dialogs;
 class FormCanvas;
+class GuideFrame;
 class MenuTree;
 class PreferencesFrame;
 class TextFrame;
@@ -20,8 +22,8 @@ class FormFrames : public QObject {
     Q_OBJECT
 
 public:
-    /// `menu` and `canvas` must outlive the frames' use.
-    FormFrames(MenuTree& menu, FormCanvas& canvas);
+    /// `menu`, `canvas` and `dialogs` must outlive the frames' use.
+    FormFrames(MenuTree& menu, FormCanvas& canvas, Dialogs& dialogs);
 
     PreferencesFrame* const Frame10;
 
@@ -40,7 +42,7 @@ private:
     FormCanvas& canvas_;
     TextFrame* Frame5;  ///< limits
     TextFrame* Frame6;  ///< version
-    TextFrame* Frame7;  ///< guide
+    GuideFrame* Frame7;
     QPointer<QWidget> focusBefore_;
 };
 

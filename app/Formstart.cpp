@@ -101,7 +101,7 @@ void Formstart::buildForm()
     Label7->setFont(large);
     canvas_->place(Label7, kInvitationPlace);
 
-    frames_ = new FormFrames(menuTree_, *canvas_);
+    frames_ = new FormFrames(menuTree_, *canvas_, dialogs_);
     preferences_ = new PreferencesPanel(
         {recFile_, matrixPanel_->matrix(), *recordView_, *canvas_, menuTree_, dialogs_, *frames_->Frame10},
         this);

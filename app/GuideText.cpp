@@ -115,7 +115,7 @@ CAMPI VUOTI: scrivere un solo spazio e premere Invio; il modo abcdef trova i
 campi vuoti, abcdef* e *abcdef ogni rekord, gli altri modi i campi pieni.
 LIMITI: 200 campi, 50 parole da cercare, 32K di stampa, griglie di 800 X
 200; per EpiData niente spazi nei nomi di file e cartelle.
-Una guida più completa è nella cartella del programma: "guida.html".)guida";
+Il tasto "guida completa", qui sotto, apre la guida estesa: "guida.html".)guida";
 }
 
 }  // namespace quorvin

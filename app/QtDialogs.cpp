@@ -1,6 +1,7 @@
 #include "app/QtDialogs.h"
 
 #include <QColorDialog>
+#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -12,6 +13,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QUrl>
 
 #include "view/Messages.h"
 
@@ -142,6 +144,11 @@ bool QtDialogs::setUpPrinter(QPrinter& printer)
         }
     }
     return dialog.exec() == QDialog::Accepted;
+}
+
+bool QtDialogs::openOutside(const QString& file)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
 }
 
 }  // namespace quorvin

@@ -23,6 +23,7 @@ public:
     std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
     std::optional<QColor> chooseColour(const QColor& colour) override;
     bool setUpPrinter(QPrinter& printer) override;
+    bool openOutside(const QString& file) override;
 
 private:
     QWidget* window_ = nullptr;

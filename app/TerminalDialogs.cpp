@@ -46,4 +46,9 @@ bool TerminalDialogs::setUpPrinter(QPrinter&)
     return false;
 }
 
+bool TerminalDialogs::openOutside(const QString&)
+{
+    return false;
+}
+
 }  // namespace quorvin

@@ -16,6 +16,7 @@ public:
     std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
     std::optional<QColor> chooseColour(const QColor& colour) override;
     bool setUpPrinter(QPrinter& printer) override;
+    bool openOutside(const QString& file) override;
 
     /// Whether there was any message.
     bool spoken() const { return spoken_; }

@@ -46,6 +46,10 @@ public:
     /// Lets the user choose and set up the printer; false when the user cancels, who then has changed
     /// nothing.
     virtual bool setUpPrinter(QPrinter& printer) = 0;
+
+    /// Hands a file that is there to the program that the system shows such files with, and does not wait;
+    /// false when the system has none.
+    virtual bool openOutside(const QString& file) = 0;
 };
 
 }  // namespace quorvin

@@ -46,6 +46,10 @@ inline constexpr char kDocumentFrame[] = "Documento";
 inline constexpr char kSaveDocument[] = "Salvo le impostazioni del documento sul disco ?";
 
 inline constexpr char kGuideFrame[] = "GUIDA";
+inline constexpr char kFullGuide[] = "&guida completa";
+/// What was looked for follows: a file, or its name and the two folders.
+inline constexpr char kNoFullGuide[] = "Impossibile aprire la guida completa: ";
+inline constexpr char kNotIn[] = " non si trova nelle cartelle\n";
 inline constexpr char kLimitsFrame[] = "limiti";
 inline constexpr char kVersionFrame[] = "versione";
 inline constexpr char kPreferencesFrame[] = "Preferenze file";

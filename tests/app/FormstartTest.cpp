@@ -12,9 +12,11 @@
 #include <QSlider>
 #include <QTest>
 #include <QUrl>
+#include <fstream>
 #include <tuple>
 
 #include "app/FormCanvas.h"
+#include "app/FullGuide.h"
 #include "tests/support/WindowTest.h"
 
 namespace quorvin {
@@ -147,6 +149,32 @@ TEST_F(FormstartTest, EscapeClosesOneFrameAfterTheOtherAndGivesTheFocusBack)
         EXPECT_FALSE(control(frame).isVisible()) << frame;
     }
     EXPECT_EQ(form_->focusWidget(), &control("Text2(1)"));
+}
+
+TEST_F(FormstartTest, TheFullGuideIsOpenedWhereItIsOrMissedInABox)
+{
+    const std::filesystem::path program = folder_.path() / "bin";
+    const std::filesystem::path shared = folder_.path() / "share" / "doc" / "quorvin";
+    std::filesystem::create_directories(program);
+    std::filesystem::create_directories(shared);
+    const auto pressed = [&] { openFullGuide(dialogs_, QString::fromStdString(program.string())); };
+    pressed();
+    ASSERT_EQ(dialogs_.messages.size(), 1);
+    for (const auto& folder : {program, shared})
+        EXPECT_TRUE(dialogs_.messages[0].contains(QString::fromStdString(folder.string()))) << folder;
+    EXPECT_EQ(dialogs_.icon, BoxIcon::information);
+    for (const auto& folder : {shared, program}) {
+        std::ofstream(folder / "guida.html") << "<p>";
+        pressed();
+        EXPECT_EQ(dialogs_.openedOutside.value(0), QString::fromStdString((folder / "guida.html").string()));
+        dialogs_.openedOutside.clear();
+    }
+    EXPECT_EQ(dialogs_.messages.size(), 1);
+    dialogs_.canOpen = false;
+    choose("note");
+    QTest::keyClick(form_->focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(form_->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(dialogs_.messages.size(), 2);
 }
 
 TEST_F(FormstartTest, AControlIsDroppedAtThePointer)

@@ -64,6 +64,12 @@ bool ScriptedDialogs::setUpPrinter(QPrinter& printer)
     return true;
 }
 
+bool ScriptedDialogs::openOutside(const QString& file)
+{
+    openedOutside.append(file);
+    return canOpen;
+}
+
 WindowTest::WindowTest() : form_(std::make_unique<Formstart>(dialogs_))
 {
     form_->resize(1024, 740);

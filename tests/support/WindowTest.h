@@ -27,6 +27,7 @@ public:
     std::optional<QFont> chooseFont(const QString& title, const QFont& font) override;
     std::optional<QColor> chooseColour(const QColor& colour) override;
     bool setUpPrinter(QPrinter& printer) override;
+    bool openOutside(const QString& file) override;
 
     BoxIcon icon = BoxIcon::information;  ///< of the last box
     QStringList messages;                 ///< texts of the boxes, "!" before critical ones
@@ -41,6 +42,8 @@ public:
     QFont askedFont;  ///< offered
     std::optional<QColor> colour;
     QString pdf;  ///< file that the printer's dialog chooses; empty: cancel
+    QStringList openedOutside;
+    bool canOpen = true;  ///< whether a program for them is found
 };
 
 class WindowTest : public testing::Test {
