@@ -3,14 +3,16 @@ BUILD := build
 SAMPLE := samples/pazienti.rec
 OUR_SOURCES = $(shell find $(filter-out $(BUILD)/,$(wildcard */)) -name '*.h' -o -name '*.cpp')
 
-.PHONY: setup build run test sanitize fuzz bench deb format lint check-format clean
+.PHONY: setup configure build run guida test sanitize fuzz bench windows deb format lint check-format clean
 
 setup:
 	@sh packaging/install-packages.sh
 
-build: setup
+configure: setup
 	@mkdir -p $(BUILD)
 	@cmake --preset release -Wno-dev > $(BUILD)/configure.log 2>&1 || { cat $(BUILD)/configure.log; exit 1; }
+
+build: configure
 	cmake --build --preset release
 
 # Without a display: the same off screen, a picture instead of the window.
@@ -25,6 +27,15 @@ run: build
 	    QT_QPA_PLATFORM=offscreen $(BUILD)/bin/quorvin --rekord 7 --immagine $(BUILD)/quorvin.png $(SAMPLE) && \
 	    echo "No display: a picture of the window is in $(BUILD)/quorvin.png"; \
 	fi
+
+# The user's guide, with pictures of the program as it is; a program built here finds it beside itself.
+guida: configure
+	@sh packaging/install-packages.sh packaging/guide-packages.txt
+	cmake --build --preset release --target quorvin quorvin-cli
+	sh packaging/guide/pictures.sh $(BUILD)/bin/quorvin doc/guida
+	sh packaging/guide/build.sh $(BUILD)/guida
+	cp $(BUILD)/guida/guida.html $(BUILD)/bin/
+	@echo "The guide: $(BUILD)/guida/guida.html and $(BUILD)/guida/guida.pdf; a copy is in $(BUILD)/bin for the program"
 
 test: build
 	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j 2
