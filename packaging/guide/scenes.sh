@@ -11,7 +11,7 @@ scene_finestra() {
     menu c 0
     choose 6 roma
     keys Return
-    keys Down Down
+    keys Down
     labels="600,28 312,54 690,150 760,480 640,755"
 }
 
