@@ -194,9 +194,15 @@ void DocumentEdit::keyPressEvent(QKeyEvent* event)
         setTabChangesFocus(leaves);
         return;
     }
-    const bool typed = tab || event->matches(QKeySequence::InsertParagraphSeparator) ||
-                       (!event->text().isEmpty() && event->text().front().isPrint());
+    const bool enter = event->matches(QKeySequence::InsertParagraphSeparator);
+    const bool typed = tab || enter || (!event->text().isEmpty() && event->text().front().isPrint());
     if (typed && !isReadOnly() && !hasRoomFor(1)) return;
+    if (enter && !isReadOnly()) {
+        // In an empty paragraph Qt's own Enter would take the format away instead of beginning another.
+        textCursor().insertBlock();
+        ensureCursorVisible();
+        return;
+    }
     QTextEdit::keyPressEvent(event);
 }
 

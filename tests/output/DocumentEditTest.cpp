@@ -245,6 +245,16 @@ TEST_F(DocumentEditTest, TabsStandWhereTheyStandOnPaper)
         EXPECT_NEAR(inchesAt(position), inches, 0.03) << position;
 }
 
+TEST_F(DocumentEditTest, EnterBeginsAParagraphBehindAnEmptyOneToo)
+{
+    choose("impostadoc");
+    click("alignRight");
+    for (const auto key : {Qt::Key_A, Qt::Key_Return, Qt::Key_Return, Qt::Key_Enter, Qt::Key_B})
+        QTest::keyClick(&box(), key);
+    EXPECT_EQ(box().toPlainText().count(QLatin1Char('\n')), 3);
+    EXPECT_EQ(box().textCursor().blockFormat().alignment(), Qt::AlignRight);
+}
+
 TEST_F(DocumentEditTest, TabIsTextWhileItCanBe)
 {
     openWith("a");
