@@ -149,7 +149,7 @@ scene_stampante() {
 write_letter() {
     menu o 7
     type_text "Ambulatorio di medicina interna"
-    keys Return
+    keys Return Return
     type_text "Paziente: "
     click_field 1
     click_field 2
@@ -160,7 +160,7 @@ write_letter() {
     type_text "Diagnosi: "
     click_field 8
     repeat 18 space
-    keys Return
+    keys Return Return
     type_text "La prossima visita va prenotata entro sei mesi."
 }
 
