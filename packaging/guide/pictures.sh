@@ -1,7 +1,7 @@
 #!/bin/sh
 # Makes the pictures of the guide: sh packaging/guide/pictures.sh [PROGRAM [FOLDER [PICTURE...]]]
 # Works the real program on copies of the sample, with keys and clicks, on a screen of its own (Xvfb, openbox).
-# All pictures, or those that are named, go into FOLDER (doc/guida). Fails when one of them cannot be made.
+# All pictures, or those that are named as in scenes.sh, go into FOLDER (doc/guida). Fails when one of them cannot be made.
 set -eu
 
 here=$(cd "$(dirname "$0")" && pwd)
@@ -15,6 +15,9 @@ wanted=$*
 . "$here/driving.sh"
 . "$here/scenes.sh"
 
+for scene in $wanted; do
+    case " $(echo $scenes) " in *" $scene "*) ;; *) fail "there is no picture $scene" ;; esac
+done
 mkdir -p "$target"
 for scene in $scenes; do
     case " ${wanted:-$scene} " in *" $scene "*) make_picture "$scene" ;; esac
