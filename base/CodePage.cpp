@@ -5,7 +5,6 @@
 #include <optional>
 
 #ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 #else
 #include <iconv.h>

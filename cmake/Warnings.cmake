@@ -1,9 +1,11 @@
 # Every target of ours links quorvin_flags, and so gets the same warnings, as errors.
 add_library(quorvin_flags INTERFACE)
 target_compile_definitions(quorvin_flags INTERFACE QUORVIN_VERSION="${PROJECT_VERSION}")
+if(WIN32)
+    target_compile_definitions(quorvin_flags INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()
 if(MSVC)
     target_compile_options(quorvin_flags INTERFACE /W4 /utf-8 $<$<BOOL:${QUORVIN_WERROR}>:/WX>)
-    target_compile_definitions(quorvin_flags INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
 else()
     target_compile_options(quorvin_flags INTERFACE
         -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
