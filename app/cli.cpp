@@ -316,6 +316,8 @@ std::vector<Command> declareCommands(CLI::App& app, Arguments& arguments)
 int run(int argc, char** argv)
 {
     CLI::App app("Quorvin dalla riga di comando: legge i file .rec di EpiData.", "quorvin-cli");
+    // Options are the same on every system; a name may begin with a slash.
+    app.allow_windows_style_options(false);
     useItalianLabels(app);
     app.set_version_flag("--version", std::string("quorvin-cli " QUORVIN_VERSION), "mostra la versione")
         ->group("Opzioni");

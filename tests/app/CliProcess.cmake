@@ -1,16 +1,8 @@
-# Starts quorvin-cli and mkrec as processes: CLI and MKREC (programs), SAMPLES and WORK (folders), WINDOWS (whether it is that).
+# Starts quorvin-cli and mkrec as processes: CLI and MKREC (programs), SAMPLES and WORK (folders).
 
 # expect(STATUS REGEX ARGUMENT...): exit status, and a pattern that standard output and error together match.
 function(expect status pattern)
     execute_process(COMMAND ${CLI} ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
-    if(WINDOWS)
-        string(REPLACE "\r\n" "" rest "${out}${err}")
-        if(rest MATCHES "\n")
-            message(FATAL_ERROR "quorvin-cli ${ARGN}\nwith a line end without CR\n${out}${err}")
-        endif()
-        string(REPLACE "\r\n" "\n" out "${out}")
-        string(REPLACE "\r\n" "\n" err "${err}")
-    endif()
     if(NOT result STREQUAL status OR NOT "${out}${err}" MATCHES "${pattern}")
         message(FATAL_ERROR "quorvin-cli ${ARGN}\nstatus ${result}, expected ${status}, pattern ${pattern}\n${out}${err}")
     endif()

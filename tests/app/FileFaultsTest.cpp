@@ -170,7 +170,11 @@ protected:
     const Fault vanishing_ = {"the file gone",
                               [this](FileFaults& faults, int n) {
                                   faults.at = n;
-                                  faults.before = [this] { sourceHarmed_ = fs::remove(file()); };
+                                  faults.before = [this] {
+                                      // The name of a file that is removed while it is open may stay taken.
+                                      fs::rename(file(), away_.path() / std::to_string(points_));
+                                      sourceHarmed_ = true;
+                                  };
                               },
                               "Impossibile trovare il file"};
     const Fault shortened_ = {"the file cut short",
@@ -182,6 +186,7 @@ protected:
                                   };
                               },
                               "Input oltre la fine del file", true};
+    test::TempFolder away_;
     Files before_;
     Files after_;
     QStringList expected_;

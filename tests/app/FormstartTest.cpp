@@ -166,7 +166,7 @@ TEST_F(FormstartTest, TheFullGuideIsOpenedWhereItIsOrMissedInABox)
     for (const auto& folder : {shared, program}) {
         std::ofstream(folder / "guida.html") << "<p>";
         pressed();
-        EXPECT_EQ(dialogs_.openedOutside.value(0), QString::fromStdString((folder / "guida.html").string()));
+        EXPECT_EQ(dialogs_.openedOutside.value(0), QFileInfo(folder / "guida.html").filePath());
         dialogs_.openedOutside.clear();
     }
     EXPECT_EQ(dialogs_.messages.size(), 1);

@@ -239,7 +239,7 @@ TEST_F(DocumentPanelTest, ADocumentPrintsOnPages)
              "\\par}");
     choose("documento");
     EXPECT_TRUE(printTo("out.pdf"));
-    EXPECT_TRUE(holds("out.pdf", "/Count 1\n") && holds("out.pdf", "DejaVuSans-Bold"));
+    EXPECT_TRUE(holds("out.pdf", "/Count 1\n") && holdsFont("out.pdf", "DejaVuSans", "Bold"));
     openWith(std::string(120, '\n') + "fine");
     choose("documento");
     EXPECT_TRUE(printTo("long.pdf") && holds("long.pdf", "/Count 3\n"));

@@ -28,6 +28,12 @@ protected:
         return bytesOf(folder_.path() / pdf).find(part) != std::string::npos;
     }
 
+    /// Systems name a font in this style with a dash or without.
+    bool holdsFont(const char* pdf, const std::string& family, const std::string& style) const
+    {
+        return holds(pdf, family + "-" + style) || holds(pdf, family + style);
+    }
+
     std::filesystem::path matrixFile() const { return folder_.path() / "prova.mtr"; }
     QString printed() { return control<QPlainTextEdit>("Text5").toPlainText(); }
     /// Name as a dialog gives it.

@@ -211,7 +211,7 @@ TEST_F(OutputPanelTest, PrintingToAFileAndWithoutAPrinter)
     dialogs_.messages.clear();
     EXPECT_TRUE(printTo("out.pdf"));
     EXPECT_TRUE(dialogs_.messages.isEmpty());
-    EXPECT_TRUE(holds("out.pdf", "/Count 1\n") && holds("out.pdf", "DejaVuSansMono-BoldOblique"));
+    EXPECT_TRUE(holds("out.pdf", "/Count 1\n") && holdsFont("out.pdf", "DejaVuSansMono", "BoldOblique"));
     click("Command4");
     EXPECT_TRUE(dialogs_.messages.value(0).startsWith(text("Attenzione!!il file ")));
 

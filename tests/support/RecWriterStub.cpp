@@ -117,8 +117,10 @@ private:
         if (below(2) == 0) {
             const fs::path other = name_.string() + ".tmp";
             std::ofstream(other, std::ios::binary) << bytes;
-            fs::rename(other, name_);
-            return;
+            // Not every system replaces a file that is open.
+            std::error_code failed;
+            fs::rename(other, name_, failed);
+            if (!failed) return;
         }
         fs::resize_file(name_, 0);
         below(2) == 0 ? add(bytes) : addInPieces(bytes, bytes.size() / 4 + 1);
