@@ -12,7 +12,9 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include "view/Messages.h"
@@ -38,6 +40,37 @@ QMessageBox::Icon iconOf(BoxIcon icon)
 
 /// Room for a line of some 60 characters; pixels.
 constexpr int kInputWidth = 480;
+
+/// Has the user name a file to write, first that of `name`; empty when the user cancels.
+QString nameToWrite(QFileDialog& dialog, const QString& name)
+{
+    const QFileInfo info(name);
+    dialog.setDirectory(info.absolutePath());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    if (!info.fileName().isEmpty()) dialog.selectFile(info.fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+#ifdef Q_OS_WIN
+/// Has the user name a PDF file to print to; false when the user cancels.
+bool setUpPdf(QPrinter& printer, QWidget* window)
+{
+    QFileDialog dialog(window, QStringLiteral("stampa in un file PDF"));
+    dialog.setNameFilters({QStringLiteral("PDF (*.pdf)")});
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString before = printer.outputFileName();
+    const QString name =
+        nameToWrite(dialog, before.isEmpty() ? documents + QStringLiteral("/stampa.pdf") : before);
+    if (name.isEmpty()) return false;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(name);
+    return true;
+}
+#endif
 
 }  // namespace
 
@@ -81,18 +114,12 @@ QString QtDialogs::openFile(const QString& filter, const QString& folder)
 
 QString QtDialogs::saveFile(const QString& filter, const QString& name)
 {
-    const QFileInfo info(name);
-    QFileDialog dialog(window_, QStringLiteral("salva il nuovo file"), info.absolutePath());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
+    QFileDialog dialog(window_, QStringLiteral("salva il nuovo file"));
     // Whoever asks for the name has a question of its own about a file that is there.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(filter));
     dialog.setDefaultSuffix(QStringLiteral("rec"));
-    if (!info.fileName().isEmpty()) dialog.selectFile(info.fileName());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    return dialog.selectedFiles().constFirst();
+    return nameToWrite(dialog, name);
 }
 
 QString QtDialogs::inputBox(const QString& prompt, const QString& text)
@@ -133,6 +160,11 @@ std::optional<QColor> QtDialogs::chooseColour(const QColor& colour)
 
 bool QtDialogs::setUpPrinter(QPrinter& printer)
 {
+#ifdef Q_OS_WIN
+    // The system's dialog knows printers only, one that writes PDF among them; without any it does not open.
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) return setUpPdf(printer, window_);
+    printer.setOutputFormat(QPrinter::NativeFormat);
+#endif
     QPrintDialog dialog(&printer, window_);
     dialog.setWindowTitle(QStringLiteral("imposta stampante"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
