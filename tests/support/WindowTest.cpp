@@ -75,6 +75,7 @@ WindowTest::WindowTest() : form_(std::make_unique<Formstart>(dialogs_))
     form_->resize(1024, 740);
     form_->show();
     form_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(form_.get()));
     QApplication::processEvents();
 }
 
