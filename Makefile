@@ -58,6 +58,11 @@ bench: setup
 	cmake --build --preset bench
 	sh bench/run.sh $(BUILD)/bench
 
+# The Windows programs, built here, tried under Wine and packed. STEP=pack leaves the trials out; packaging/windows/make.sh has more.
+STEP = all
+windows:
+	sh packaging/windows/make.sh $(STEP)
+
 # The Debian package of the last commit: build/deb/quorvin_VERSION_ARCHITECTURE.deb.
 deb: setup
 	@sh packaging/install-packages.sh packaging/debian-build-packages.txt

@@ -1,4 +1,4 @@
-# Starts the program on a screen of its own and works it by keys and clicks; read by pictures.sh, which sets
+# Starts the program on a screen of its own and works it by keys and clicks; read by scripts such as pictures.sh, which set
 # root, program and target. What fails ends the script.
 
 screen_width=1024
@@ -18,7 +18,7 @@ main=
 work=
 
 fail() {
-    echo "pictures.sh: $*" >&2
+    echo "$(basename "$0"): $*" >&2
     exit 1
 }
 
