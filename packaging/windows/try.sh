@@ -110,7 +110,7 @@ pdftoppm -r 50 -png -singlefile "$work/stampa.pdf" "$target/foglio"
 scene=statistics
 menu s 0
 menu t 0
-choose 6
+choose 6 " "
 keys Return
 picture frequenza
 
