@@ -22,8 +22,8 @@ void takeQtMessage(QtMsgType type, const QMessageLogContext&, const QString& tex
     // The display that is none says what it cannot do, and QTest that a place is out of the window by now.
     const bool ofTest = text.startsWith(QLatin1String("This plugin")) ||
                         text.startsWith(QLatin1String("Mouse event")) ||
-                        // Of older Windows, and of what stands in for it.
-                        text.contains(QLatin1String("(Call not implemented.)"));
+                        // Of older Windows, and of Wine.
+                        text.startsWith(QLatin1String("EnableNonClientDpiScaling"));
     if (type != QtDebugMsg && type != QtInfoMsg && !ofTest) qtMessages += text;
 }
 
