@@ -314,9 +314,9 @@ void Navigator::caricarekord()
 bool Navigator::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == Text1 && event->type() == QEvent::KeyPress) {
-        // Held down, Enter starts EpiData once.
+        // Held down, Enter starts EpiData once, whatever keys go with it.
         const auto* key = static_cast<QKeyEvent*>(event);
-        return key->isAutoRepeat() && key->matches(QKeySequence::InsertParagraphSeparator);
+        return key->isAutoRepeat() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
     }
     const bool rightPress = event->type() == QEvent::MouseButtonPress &&
                             static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;

@@ -20,7 +20,7 @@ apt_dir=$cache/apt
 mkdir -p "$apt_dir/lists/partial" "$apt_dir/cache/archives/partial"
 apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
     sort -u | sed 's/^/deb-src /' > "$apt_dir/sources.list"
-[ -s "$apt_dir/sources.list" ] || { echo "apt knows no Debian archive to take Qt's source from" >&2; exit 1; }
+[ -s "$apt_dir/sources.list" ] || { echo "apt knows no Debian archive to take Qt's source from; does apt-get update help?" >&2; exit 1; }
 apt_source() {
     apt-get -q -o Dir::Etc::SourceList="$apt_dir/sources.list" -o Dir::Etc::SourceParts=/dev/null \
         -o Dir::State::Lists="$apt_dir/lists" -o Dir::Cache="$apt_dir/cache" -o APT::Sandbox::User=root "$@" >&2
