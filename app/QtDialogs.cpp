@@ -163,7 +163,8 @@ bool QtDialogs::setUpPrinter(QPrinter& printer)
 #ifdef Q_OS_WIN
     // The system's dialog knows printers only, one that writes PDF among them; without any it does not open.
     if (QPrinterInfo::availablePrinterNames().isEmpty()) return setUpPdf(printer, window_);
-    printer.setOutputFormat(QPrinter::NativeFormat);
+    // From the file of a time without printers back to one of them.
+    if (printer.outputFormat() == QPrinter::PdfFormat) printer.setOutputFileName({});
 #endif
     QPrintDialog dialog(&printer, window_);
     dialog.setWindowTitle(QStringLiteral("imposta stampante"));
