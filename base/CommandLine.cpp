@@ -54,7 +54,7 @@ volatile std::sig_atomic_t endingAsked = 0;
 #ifdef SIGHUP
 constexpr int kEndings[] = {SIGINT, SIGTERM, SIGHUP};
 #else
-// A console that is closed sends it too.
+// Ctrl-Break; when its console is closed, the program ends before it could clear up.
 constexpr int kEndings[] = {SIGINT, SIGTERM, SIGBREAK};
 #endif
 
