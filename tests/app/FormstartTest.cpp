@@ -5,7 +5,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -157,6 +159,7 @@ TEST_F(FormstartTest, TheFullGuideIsOpenedWhereItIsOrMissedInABox)
     const std::filesystem::path shared = folder_.path() / "share" / "doc" / "quorvin";
     std::filesystem::create_directories(program);
     std::filesystem::create_directories(shared);
+    const QString inProgram = QFileInfo(program / "guida.html").filePath();
     const auto pressed = [&] { openFullGuide(dialogs_, QString::fromStdString(program.string())); };
     pressed();
     ASSERT_EQ(dialogs_.messages.size(), 1);
@@ -171,10 +174,12 @@ TEST_F(FormstartTest, TheFullGuideIsOpenedWhereItIsOrMissedInABox)
     }
     EXPECT_EQ(dialogs_.messages.size(), 1);
     dialogs_.canOpen = false;
+    pressed();
+    EXPECT_TRUE(dialogs_.messages.last().endsWith(QDir::toNativeSeparators(inProgram)));
     choose("note");
     QTest::keyClick(form_->focusWidget(), Qt::Key_Tab);
     QTest::keyClick(form_->focusWidget(), Qt::Key_Space);
-    EXPECT_EQ(dialogs_.messages.size(), 2);
+    EXPECT_EQ(dialogs_.messages.size(), 3);
 }
 
 TEST_F(FormstartTest, AControlIsDroppedAtThePointer)

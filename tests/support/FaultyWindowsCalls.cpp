@@ -1,6 +1,5 @@
-/// Our own code calls the system through pointers named __imp_...; the linker gives it the ones that are
-/// named
-/// __wrap___imp_... here, and __real___imp_... are the system's.
+/// Our own code calls the system through pointers named __imp_...; the linker puts those of this file, named
+/// with __wrap_ before that, in their place, and calls the system's own __real___imp_...
 
 #include <windows.h>
 
