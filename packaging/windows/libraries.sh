@@ -16,6 +16,7 @@ mkdir -p "$prefix"
 dpkg -L libcli11-dev nlohmann-json3-dev | grep -E '^/usr/(include|share/cmake)/' | while read -r file; do
     [ ! -f "$file" ] || echo "${file#/usr/}"
 done | tar -C /usr -cf - -T - | tar -C "$prefix" -xf -
+[ -f "$prefix/include/CLI/CLI.hpp" ] && [ -f "$prefix/include/nlohmann/json.hpp" ]
 
 cmake -S /usr/src/googletest -B "$prefix.build" -G Ninja -Wno-dev -DCMAKE_TOOLCHAIN_FILE="$here/toolchain.cmake" \
     -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$prefix" -DBUILD_GMOCK=OFF

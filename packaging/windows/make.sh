@@ -36,10 +36,15 @@ make_icon() {
 build() {
     libraries
     make_icon
+    # What was built with another Qt remembers its folders and libraries.
+    [ "$(cat "$program.qt" 2>/dev/null)" = "$qt" ] || rm -rf "$program"
+    echo "$qt" > "$program.qt"
+    host_cmake=$(dirname "$(dirname "$(dpkg -L qt6-base-dev | grep '/Qt6Config.cmake$')")")
     cmake -S "$top" -B "$program" -G Ninja -Wno-dev -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_TOOLCHAIN_FILE="$here/toolchain.cmake" -DQUORVIN_PREFIXES="$qt;$cache/libraries" \
-        -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR="$(dirname "$(dirname "$(dpkg -L qt6-base-dev | grep '/Qt6Config.cmake$')")")" \
-        -DQUORVIN_ICON="$out/quorvin.ico" -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST > "$out/configure.log" 2>&1 || { cat "$out/configure.log" >&2; exit 1; }
+        -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR="$host_cmake" -DQUORVIN_ICON="$out/quorvin.ico" \
+        -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST > "$out/configure.log" 2>&1 ||
+        { cat "$out/configure.log" >&2; exit 1; }
     cmake --build "$program"
     sh "$here/deploy.sh" "$program/bin" "$qt" $plugins
 }
@@ -71,6 +76,7 @@ licences() {
     cp "$qt/LICENSES/"* "$1/"
     cp /usr/share/doc/gcc-mingw-w64-base/copyright "$1/gcc-mingw-w64.txt"
     cp /usr/share/doc/mingw-w64-common/copyright "$1/mingw-w64.txt"
+    cp /usr/share/doc/qt6-translations-l10n/copyright "$1/qt6-translations.txt"
     cp /usr/share/doc/libcli11-dev/copyright "$1/CLI11.txt"
     cp /usr/share/doc/nlohmann-json3-dev/copyright "$1/nlohmann-json.txt"
     sed "s/@qt@/$(basename "$qt" | sed "s,^qt-,,")/; s/\$/\r/" "$here/leggimi-licenze.txt" > "$1/LEGGIMI.txt"
@@ -96,9 +102,9 @@ setup
 case ${1:-all} in
 qt) libraries ;;
 build) build ;;
-test) build && run_tests ;;
-pack) build && pack ;;
-try) build && pack && sh "$here/try.sh" "$out/$name.zip" "$out/pictures" ;;
-all) build && run_tests && pack && sh "$here/try.sh" "$out/$name.zip" "$out/pictures" ;;
+test) build; run_tests ;;
+pack) build; pack ;;
+try) build; pack; sh "$here/try.sh" "$out/$name.zip" "$out/pictures" ;;
+all) build; run_tests; pack; sh "$here/try.sh" "$out/$name.zip" "$out/pictures" ;;
 *) echo "unknown step: $1" >&2; exit 2 ;;
 esac

@@ -30,7 +30,8 @@ work=$cache/work
 rm -rf "$work" "$prefix"
 mkdir -p "$work"
 apt_source update
-(cd "$work" && apt_source source "qt6-base=$version")
+(cd "$work" && apt_source source "qt6-base=$version") ||
+    { echo "The archives have no qt6-base $version any more; upgrade the package qt6-base-dev" >&2; exit 1; }
 
 # Off: what Quorvin does not use, and what the source package has no headers for (tabletevent). The system's libraries are Debian's;
 # Windows takes the ones that stand in Qt's source.
@@ -56,6 +57,11 @@ echo "Building Qt $version for Windows: $log" >&2
 mkdir "$prefix/LICENSES"
 cp "$work"/qt6-base-*/LICENSES/*.txt "$prefix/LICENSES/"
 cp "$work"/qt6-base-*/debian/copyright "$prefix/LICENSES/qt6-base-copyright.txt"
+# The notices of what others wrote, under the names of their folders.
+(cd "$work"/qt6-base-*/src && find 3rdparty corelib gui -type f \( -name '*LICEN[SC]E*' -o -name 'COPYING*' -o -name '*-license.txt' \)) |
+    while read -r notice; do
+        cp "$work"/qt6-base-*/src/"$notice" "$prefix/LICENSES/qt-$(echo "${notice%.txt}" | tr / -).txt"
+    done
 rm -rf "$work"
 touch "$prefix/complete"
 echo "$prefix"

@@ -10,6 +10,8 @@ zip=$(realpath "$1")
 mkdir -p "$2"
 target=$(cd "$2" && pwd)
 . "$root/packaging/guide/driving.sh"
+# The shell that runs Wine is not the program: that ends with its Windows.
+trap 'status=$?; set +e; "$here/wine.sh" --end; (exit "$status"); clean_up' EXIT
 
 picture() {
     settle
@@ -36,6 +38,9 @@ data="$work/Dati dell'unità"
 mkdir "$programs" "$data"
 unzip -q "$zip" -d "$programs"
 folder=$(echo "$programs"/*)
+for file in guida.html guida.pdf licenze/LGPL-3.0-only.txt; do
+    [ -s "$folder/$file" ] || fail "the zip lacks $file"
+done
 sample="$data/pazienti città.rec"
 cp "$folder/esempi/pazienti.rec" "$sample"
 

@@ -4,10 +4,14 @@
 set -eu
 
 top=$(cd "$(dirname "$0")/../.." && pwd)
-export WINEPREFIX="${WINEPREFIX:-$top/build/windows/wine}"
+export WINEPREFIX="$top/build/windows/wine"
 export WINEDEBUG="${WINEDEBUG:--all}"
 # Nothing here needs .NET or a browser engine, which Wine would ask to fetch.
-export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=}"
+export WINEDLLOVERRIDES='mscoree,mshtml='
+# Names and arguments come to Windows as this locale reads them.
+export LC_ALL=C.UTF-8
+# The same on every machine: no printer.
+export CUPS_SERVER=/nonexistent/cups.sock
 mkdir -p "$(dirname "$WINEPREFIX")"
 [ "${1-}" != --end ] || exec wineserver --kill
 
