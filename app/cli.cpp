@@ -344,7 +344,7 @@ int main(int argc, char** argv)
 {
     std::ios::sync_with_stdio(false);
     surviveSizeLimits();
-    const Utf8Console console;
+    useUtf8Console();
     try {
         const int status = run(argc, argv);
         requireOutput();

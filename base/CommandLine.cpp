@@ -1,6 +1,7 @@
 #include "base/CommandLine.h"
 
 #include <csignal>
+#include <cstdlib>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -23,15 +24,13 @@ std::vector<std::string> utf8Arguments(int, char**)
     return arguments;
 }
 
-Utf8Console::Utf8Console() : before_(GetConsoleOutputCP())
+void useUtf8Console()
 {
-    if (before_ != 0) SetConsoleOutputCP(CP_UTF8);
-}
-
-Utf8Console::~Utf8Console()
-{
+    static const UINT before = GetConsoleOutputCP();
+    if (before == 0) return;
+    SetConsoleOutputCP(CP_UTF8);
     // The page is the console's, which other programs use afterwards.
-    if (before_ != 0) SetConsoleOutputCP(before_);
+    std::atexit([] { SetConsoleOutputCP(before); });
 }
 
 #else
@@ -42,8 +41,7 @@ std::vector<std::string> utf8Arguments(int argc, char** argv)
     return std::vector<std::string>(argv + 1, argv + argc);
 }
 
-Utf8Console::Utf8Console() = default;
-Utf8Console::~Utf8Console() = default;
+void useUtf8Console() {}
 
 #endif
 

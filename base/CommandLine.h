@@ -12,17 +12,9 @@ namespace quorvin {
 /// system.
 std::vector<std::string> utf8Arguments(int argc, char** argv);
 
-/// While one stands, a console shows UTF-8 output as it is meant; on systems whose consoles have a code page.
-class Utf8Console {
-public:
-    Utf8Console();
-    ~Utf8Console();
-    Utf8Console(const Utf8Console&) = delete;
-    Utf8Console& operator=(const Utf8Console&) = delete;
-
-private:
-    [[maybe_unused]] unsigned before_ = 0;
-};
+/// Has a console show UTF-8 output as it is meant, until the program ends; on systems whose consoles have a
+/// code page. Called once.
+void useUtf8Console();
 
 /// Has the system's requests to end the program (Ctrl-C and the like) noted instead of obeyed, so that
 /// nothing half written is left; those that were ignored stay so. Whether there was one.
