@@ -233,12 +233,8 @@ scene_nuovo_file() {
 }
 
 scene_scritto() {
-    start pazienti.rec
-    menu c 0
-    menu e 2
-    choose 6 roma
-    keys Return
-    await_window "salva il nuovo file"
+    scene_nuovo_file
+    part=${screen_width}x$screen_height+0+0
     answer Return
 }
 

@@ -104,7 +104,7 @@ qt) libraries ;;
 build) build ;;
 test) build; run_tests ;;
 pack) build; pack ;;
-try) build; pack; sh "$here/try.sh" "$out/$name.zip" "$out/pictures" ;;
+try) build; pack; renew_wine; sh "$here/try.sh" "$out/$name.zip" "$out/pictures" ;;
 all) build; run_tests; pack; sh "$here/try.sh" "$out/$name.zip" "$out/pictures" ;;
 *) echo "unknown step: $1" >&2; exit 2 ;;
 esac
